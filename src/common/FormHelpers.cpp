@@ -1,0 +1,64 @@
+#include "FormHelpers.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QLineEdit>
+#include <QPalette>
+
+namespace ordwell {
+
+namespace {
+const char* const ColourProperty = "ordwellBoxColour";
+
+QColor colourOf(BoxColour colour) {
+    switch (colour) {
+    case BoxColour::Locked:
+        return QColor(0, 255, 0);
+    case BoxColour::Required:
+        return QColor(255, 255, 0);
+    case BoxColour::Optional:
+        break;
+    }
+    return QColor(255, 255, 255);
+}
+} // namespace
+
+void setBoxColour(QLineEdit* box, BoxColour colour) {
+    QPalette palette = box->palette();
+    palette.setColor(QPalette::Base, colourOf(colour));
+    // Dark text on the light box colours, whatever the desktop theme.
+    palette.setColor(QPalette::Text, QColor(0, 0, 0));
+    box->setPalette(palette);
+    box->setProperty(ColourProperty, static_cast<int>(colour));
+}
+
+BoxColour boxColour(const QLineEdit* box) {
+    const QVariant v = box->property(ColourProperty);
+    return v.isValid() ? static_cast<BoxColour>(v.toInt()) : BoxColour::Optional;
+}
+
+void lockBox(QLineEdit* box, bool locked, bool required) {
+    box->setReadOnly(locked);
+    setBoxColour(box, locked ? BoxColour::Locked : (required ? BoxColour::Required : BoxColour::Optional));
+}
+
+void applyButtonMask(const QList<QAbstractButton*>& buttons, const QString& mask) {
+    const QString trimmed = mask.trimmed();
+    for (int i = 0; i < buttons.size(); ++i)
+        buttons.at(i)->setEnabled(i < trimmed.size() && trimmed.at(i) == QLatin1Char('1'));
+    QCoreApplication::processEvents();
+}
+
+QString buttonMask(const QList<QAbstractButton*>& buttons) {
+    QString mask;
+    for (const QAbstractButton* b : buttons)
+        mask += b->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+    return mask;
+}
+
+void focusOn(QWidget* widget) {
+    if (widget && widget->isEnabled() && widget->focusPolicy() != Qt::NoFocus)
+        widget->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace ordwell

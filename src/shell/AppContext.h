@@ -1,0 +1,72 @@
+#pragma once
+
+#include "common/Prompter.h"
+
+#include <QLockFile>
+#include <QSettings>
+#include <QSqlDatabase>
+#include <QString>
+#include <memory>
+
+namespace ordwell {
+
+// What the main window offers every tool window: the menu mask and the status text.
+class MenuHost {
+public:
+    virtual ~MenuHost() = default;
+    virtual void ApplyMenuMask(const QString& mask) = 0;
+    virtual void ShowStatus(const QString& vendorName) = 0;
+};
+
+// The program-wide state, one object handed to every form instead of scattered globals.
+class AppContext {
+public:
+    AppContext(QString dataDir, QString settingsFile, Prompter& prompter);
+
+    // Where the databases, the agreement and the report files live.
+    const QString& dataDir() const { return m_dataDir; }
+    QString dataFile(const QString& name) const;
+
+    Prompter& prompter() const { return *m_prompter; }
+    void setPrompter(Prompter& prompter) { m_prompter = &prompter; }
+
+    MenuHost* menuHost() const { return m_menuHost; }
+    void setMenuHost(MenuHost* host) { m_menuHost = host; }
+    // Through the main window when there is one; a no-op before it exists.
+    void ApplyMenuMask(const QString& mask) const;
+    void ShowStatus(const QString& vendorName) const;
+
+    // The per-user settings store: the INI file given at start-up, else the platform's.
+    std::unique_ptr<QSettings> settings() const;
+
+    QSqlDatabase systemDb() const;
+    QSqlDatabase vendorDb() const;
+    bool hasSystemDb() const;
+    bool hasVendorDb() const;
+    void closeSystemDb();
+    void closeVendorDb();
+
+    // The lock beside the system database that keeps a second copy of the program out.
+    // False when another running copy (or a lock made by hand) holds it.
+    bool takeSystemLock();
+    void releaseSystemLock();
+    bool holdsSystemLock() const { return m_lock && m_lock->isLocked(); }
+
+    bool DatabaseJustCreated = false;
+    QString DesktopPath;
+    int FileChooserKind = 0;
+    QString ChosenFilePath;
+    int OpenWindowCount = 0;
+    bool AgreementAccepted = true;
+    QString CurrentVendorCode;
+    QString CurrentVendorName;
+
+private:
+    QString m_dataDir;
+    QString m_settingsFile;
+    Prompter* m_prompter;
+    MenuHost* m_menuHost = nullptr;
+    std::unique_ptr<QLockFile> m_lock;
+};
+
+} // namespace ordwell

@@ -1,0 +1,26 @@
+#include "FileChooser.h"
+
+namespace ordwell::FileChooser {
+
+FileRequest requestFor(int kind, const QString& desktopPath) {
+    FileRequest request;
+    request.title = QStringLiteral("Open File");
+    request.startFolder = desktopPath;
+    request.mustExist = true;
+    if (kind == ImportFiles)
+        request.filters = {QStringLiteral("Comma Seperated Variable (*.csv)"), QStringLiteral("Text File(*.txt)")};
+    else if (kind == ReportFiles)
+        request.filters = {QStringLiteral("Report File (*.rpt)")};
+    return request;
+}
+
+void choose(AppContext& context) {
+    // Counted as open while the dialog runs, so the main window cannot be closed under it.
+    ++context.OpenWindowCount;
+    const auto chosen = context.prompter().openFile(requestFor(context.FileChooserKind, context.DesktopPath));
+    --context.OpenWindowCount;
+    if (chosen && !chosen->isEmpty())
+        context.ChosenFilePath = *chosen;
+}
+
+} // namespace ordwell::FileChooser

@@ -1,0 +1,324 @@
+#include "MainWindow.h"
+
+#include "shell/MenuMasks.h"
+#include "shell/SplashWindow.h"
+#include "shell/ToolWindow.h"
+#include "store/Store.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace ordwell {
+
+namespace {
+
+struct MenuEntry {
+    const char* name;
+    const char* caption; // "-" is a separator
+    const char* shortcut;
+};
+
+struct TopMenu {
+    const char* name;
+    const char* caption;
+    QList<MenuEntry> entries;
+};
+
+const QList<TopMenu>& menuTree() {
+    static const QList<TopMenu> tree = {
+        {"mnuFile",
+         "&File",
+         {{"mnuswven", "&Swich Vendor", "Ctrl+S"},
+          {"mnuFileBar1", "-", ""},
+          {"mnuabout", "&About", ""},
+          {"mnuFileExit", "E&xit", "Ctrl+X"}}},
+        {"mnuOrders",
+         "&Orders",
+         {{"mnuNewOrd", "Start &New Order", "Ctrl+N"},
+          {"mnuLdOrd", "&Load Existing Order", "Ctrl+L"},
+          {"mnuFileBar2", "-", ""},
+          {"mnuprtord", "&Print Order", "Ctrl+P"},
+          {"mnuexpord", "&Export Order", "Ctrl+E"},
+          {"mnuFileBar3", "-", ""},
+          {"mnuRcvOrd", "&Receive Order", "Ctrl+R"}}},
+        {"mnuitems",
+         "&Items",
+         {{"mnueditms", "&Add/Edit Items", "Ctrl+I"},
+          {"mnuimpitms", "&Import Items", ""},
+          {"mnuFileBarfour", "-", ""},
+          {"mnubarcodes", "&Barcode Rules", "Ctrl+B"}}},
+        {"mnuvendors", "&Vendors", {{"mnuedvend", "&Add/Edit Vendor", "Ctrl+V"}, {"mnudevend", "&Deactivate Vendor", ""}}},
+        {"mnureports",
+         "&Reports",
+         {{"mnurptoutitms", "Outstanding Items", ""}, {"mnurptOrdhist", "Order History", ""}}},
+        {"mnumaint",
+         "&Maintance",
+         {{"mnusysdefault", "&System Defaults", ""},
+          {"mnuFileBar4", "-", ""},
+          {"mnucompsys", "&Compact System", ""},
+          {"mnucompvend", "&Compact Vendor", ""}}},
+    };
+    return tree;
+}
+
+const QString SettingsGroup = QStringLiteral("Settings");
+
+} // namespace
+
+MainWindow::MainWindow(AppContext& context, QWidget* parent) : QMainWindow(parent), m_context(context) {
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Ordwell"));
+    setWindowIcon(QIcon(QStringLiteral(":/images/ordwell-icon.png")));
+    m_mdi = new QMdiArea(this);
+    m_mdi->setObjectName(QStringLiteral("mdiArea"));
+    m_mdi->setAccessibleName(QStringLiteral("Working windows"));
+    setCentralWidget(m_mdi);
+    buildMenus();
+    buildStatusBar();
+    m_context.setMenuHost(this);
+    restorePlacement();
+}
+
+MainWindow::~MainWindow() {
+    if (m_context.menuHost() == this)
+        m_context.setMenuHost(nullptr);
+}
+
+void MainWindow::buildMenus() {
+    for (const TopMenu& top : menuTree()) {
+        QMenu* menu = menuBar()->addMenu(QString::fromLatin1(top.caption));
+        menu->setObjectName(QString::fromLatin1(top.name));
+        for (const MenuEntry& e : top.entries) {
+            const QString name = QString::fromLatin1(e.name);
+            QAction* action = nullptr;
+            if (qstrcmp(e.caption, "-") == 0) {
+                action = menu->addSeparator();
+            } else {
+                action = menu->addAction(QString::fromLatin1(e.caption));
+                if (*e.shortcut)
+                    action->setShortcut(QKeySequence(QString::fromLatin1(e.shortcut)));
+                m_maskedEntries.append(action);
+                connect(action, &QAction::triggered, this, [this, name] { triggerMenu(name); });
+            }
+            action->setObjectName(name);
+            m_entries.insert(name, action);
+        }
+    }
+}
+
+void MainWindow::buildStatusBar() {
+    QStatusBar* bar = statusBar();
+    bar->setObjectName(QStringLiteral("sbStatusBar"));
+    bar->setSizeGripEnabled(true);
+    for (int i = 0; i < 3; ++i) {
+        m_panels[i] = new QLabel(bar);
+        m_panels[i]->setObjectName(QStringLiteral("sbPanel_%1").arg(i + 1));
+        m_panels[i]->setFrameShape(QFrame::StyledPanel);
+        m_panels[i]->setFrameShadow(QFrame::Sunken);
+        bar->addPermanentWidget(m_panels[i], i == 0 ? 2 : 1);
+    }
+    m_panels[0]->setAccessibleName(QStringLiteral("Vendor"));
+    m_panels[1]->setAccessibleName(QStringLiteral("Date"));
+    m_panels[2]->setAccessibleName(QStringLiteral("Time"));
+    updateClock();
+    auto* clock = new QTimer(this);
+    connect(clock, &QTimer::timeout, this, &MainWindow::updateClock);
+    clock->start(1000);
+}
+
+void MainWindow::updateClock() {
+    const QDateTime now = QDateTime::currentDateTime();
+    m_panels[1]->setText(QLocale().toString(now.date(), QLocale::ShortFormat));
+    m_panels[2]->setText(QLocale().toString(now.time(), QLocale::ShortFormat));
+}
+
+QAction* MainWindow::menuEntry(const QString& name) const { return m_entries.value(name); }
+
+void MainWindow::ApplyMenuMask(const QString& mask) {
+    if (mask.size() != MenuMasks::Length)
+        m_context.prompter().message(QStringLiteral("The menu option is the wrong length"), QString(),
+                                     MessageIcon::None);
+    for (int i = 0; i < m_maskedEntries.size() && i < mask.size(); ++i) {
+        if (mask.at(i) == QLatin1Char('0'))
+            m_maskedEntries.at(i)->setEnabled(false);
+        else if (mask.at(i) == QLatin1Char('1'))
+            m_maskedEntries.at(i)->setEnabled(true);
+    }
+    QCoreApplication::processEvents();
+}
+
+void MainWindow::ShowStatus(const QString& vendorName) {
+    m_panels[0]->setText(vendorName.isEmpty() ? QStringLiteral("No Vendor Selected") : vendorName);
+}
+
+void MainWindow::setMenuHandler(const QString& entryName, std::function<void()> handler) {
+    m_handlers.insert(entryName, std::move(handler));
+}
+
+void MainWindow::triggerMenu(const QString& entryName) {
+    QAction* action = m_entries.value(entryName);
+    if (action && !action->isEnabled())
+        return;
+    if (entryName == QLatin1String("mnuabout")) {
+        showAbout();
+        return;
+    }
+    if (entryName == QLatin1String("mnuFileExit")) {
+        exitProgram();
+        return;
+    }
+    const auto handler = m_handlers.value(entryName);
+    if (handler)
+        handler();
+}
+
+void MainWindow::showToolWindow(ToolWindow* window) {
+    QMdiSubWindow* sub = m_mdi->addSubWindow(window);
+    sub->setObjectName(window->objectName() + QStringLiteral("_frame"));
+    sub->setAttribute(Qt::WA_DeleteOnClose);
+    sub->setWindowIcon(windowIcon());
+    window->beginToolWindow();
+    sub->adjustSize();
+    CentreInMainWindow(sub);
+    sub->show();
+    window->activateWindow();
+}
+
+void MainWindow::CentreInMainWindow(QWidget* toolWindow) {
+    // Only a normal main window has a meaningful middle to centre in.
+    if (isMinimized() || isMaximized())
+        return;
+    const QSize area = m_mdi->viewport()->size();
+    const int left = (area.width() - toolWindow->width()) / 2;
+    const int top = (area.height() - toolWindow->height()) / 2;
+    toolWindow->move(qMax(0, left), qMax(0, top));
+}
+
+double MainWindow::twipsPerPixel() const {
+    const int dpi = logicalDpiX() > 0 ? logicalDpiX() : 96;
+    return 1440.0 / dpi;
+}
+
+void MainWindow::restorePlacement() {
+    if (m_context.DatabaseJustCreated) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+        return;
+    }
+    auto settings = m_context.settings();
+    settings->beginGroup(SettingsGroup);
+    const double tpp = twipsPerPixel();
+    auto read = [&](const char* key, float fallback) {
+        bool ok = false;
+        float value = settings->value(QString::fromLatin1(key)).toString().toFloat(&ok);
+        return (ok ? value : fallback) / tpp;
+    };
+    const double left = read("MainLeft", 1000);
+    const double top = read("MainTop", 1000);
+    const double width = read("MainWidth", 6500);
+    const double height = read("MainHeight", 6500);
+    move(qRound(left), qRound(top));
+    resize(qMax(1, int(qRound(width))), qMax(1, int(qRound(height))));
+}
+
+void MainWindow::savePlacement() {
+    // A minimised window saves nothing, so the last normal placement survives.
+    if (isMinimized())
+        return;
+    auto settings = m_context.settings();
+    settings->beginGroup(SettingsGroup);
+    const double tpp = twipsPerPixel();
+    settings->setValue(QStringLiteral("MainLeft"), QString::number(qRound(x() * tpp)));
+    settings->setValue(QStringLiteral("MainTop"), QString::number(qRound(y() * tpp)));
+    settings->setValue(QStringLiteral("MainWidth"), QString::number(qRound(width() * tpp)));
+    settings->setValue(QStringLiteral("MainHeight"), QString::number(qRound(height() * tpp)));
+    settings->sync();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_activated) {
+        m_activated = true;
+        // Let the activation finish before a tool window takes the focus.
+        QTimer::singleShot(0, this, &MainWindow::onFirstActivation);
+    }
+}
+
+void MainWindow::onFirstActivation() {
+    const bool hasDetails = m_context.hasSystemDb() && Store::HasOrganisationDetails(m_context.systemDb());
+    if (!hasDetails || m_context.DatabaseJustCreated) {
+        m_context.DatabaseJustCreated = false;
+        const auto handler = m_handlers.value(QStringLiteral("mnusysdefault"));
+        if (handler)
+            handler();
+    } else {
+        ApplyMenuMask(MenuMasks::NoVendor);
+    }
+    ShowStatus(QString());
+    emit firstActivated();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (isMinimized())
+        return;
+    m_panels[0]->setMinimumWidth(width() / 2);
+    m_panels[1]->setMinimumWidth(width() / 4);
+    m_panels[2]->setMinimumWidth(width() / 4);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (m_exiting) {
+        savePlacement();
+        event->accept();
+        return;
+    }
+    if (m_context.OpenWindowCount < 1) {
+        event->ignore();
+        exitProgram();
+        return;
+    }
+    m_context.prompter().message(QStringLiteral("Please close any active windows before closing the software!"),
+                                 QString(), MessageIcon::Exclamation);
+    event->ignore();
+}
+
+void MainWindow::exitProgram() {
+    if (m_exiting)
+        return;
+    m_exiting = true;
+    if (!m_context.CurrentVendorCode.isEmpty()) {
+        m_context.closeVendorDb();
+        m_context.CurrentVendorCode.clear();
+    }
+    m_context.closeVendorDb();
+    m_context.closeSystemDb();
+    m_context.releaseSystemLock();
+    CloseAllWindows();
+}
+
+void MainWindow::showAbout() {
+    auto* about = new SplashWindow(m_context);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->ShowAsSplash = false;
+    about->show();
+    about->repaint();
+    about->setStatus(QString());
+}
+
+void CloseAllWindows() {
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget* w : windows) {
+        if (w->isVisible() || w->isWindow())
+            w->close();
+    }
+}
+
+} // namespace ordwell

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "shell/AppContext.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+
+class QAction;
+class QLabel;
+class QMdiArea;
+class QMenu;
+
+namespace ordwell {
+
+class ToolWindow;
+
+// frmMain: the one top-level window. Hosts the tool windows, owns the menu tree and its enable
+// masks, the three-panel status bar and the remembered placement.
+class MainWindow : public QMainWindow, public MenuHost {
+    Q_OBJECT
+public:
+    explicit MainWindow(AppContext& context, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    void ApplyMenuMask(const QString& mask) override;
+    void ShowStatus(const QString& vendorName) override;
+
+    // Places a tool window inside the main window and starts its protocol.
+    void showToolWindow(ToolWindow* window);
+    void CentreInMainWindow(QWidget* toolWindow);
+
+    // What a menu entry does, by its objectName; About and Exit are the window's own.
+    void setMenuHandler(const QString& entryName, std::function<void()> handler);
+    void triggerMenu(const QString& entryName);
+
+    QAction* menuEntry(const QString& name) const;
+    // The entries a mask drives, positions 1..18 in order.
+    QList<QAction*> maskedEntries() const { return m_maskedEntries; }
+    QMdiArea* mdiArea() const { return m_mdi; }
+
+    // Ends the program the normal way: vendor and system databases closed, every window shut.
+    void exitProgram();
+
+    // The twips-per-pixel factor placement uses on this screen.
+    double twipsPerPixel() const;
+
+signals:
+    void firstActivated();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void buildMenus();
+    void buildStatusBar();
+    void restorePlacement();
+    void savePlacement();
+    void onFirstActivation();
+    void showAbout();
+    void updateClock();
+
+    AppContext& m_context;
+    QMdiArea* m_mdi = nullptr;
+    QHash<QString, QAction*> m_entries;
+    QList<QAction*> m_maskedEntries;
+    QHash<QString, std::function<void()>> m_handlers;
+    QLabel* m_panels[3] = {nullptr, nullptr, nullptr};
+    bool m_activated = false;
+    bool m_exiting = false;
+};
+
+// Closes every top-level window, the main window included; the program ends with the last.
+void CloseAllWindows();
+
+} // namespace ordwell

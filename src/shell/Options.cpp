@@ -1,0 +1,68 @@
+#include "Options.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QStandardPaths>
+
+namespace ordwell {
+
+QString versionText() {
+    return QStringLiteral("%1.%2.%3").arg(ORDWELL_VERSION_MAJOR).arg(ORDWELL_VERSION_MINOR).arg(ORDWELL_VERSION_PATCH);
+}
+
+Options parseOptions(const QStringList& arguments) {
+    Options options;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Ordwell: purchase orders for a small organisation."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("Show the version."));
+    const QCommandLineOption dataDir(QStringLiteral("data-dir"),
+                                     QStringLiteral("Folder holding the databases and report files."),
+                                     QStringLiteral("DIR"));
+    const QCommandLineOption desktopDir(QStringLiteral("desktop-dir"),
+                                        QStringLiteral("Folder used as the desktop (exports, file chooser)."),
+                                        QStringLiteral("DIR"));
+    const QCommandLineOption settings(QStringLiteral("settings"), QStringLiteral("Keep settings in this INI file."),
+                                      QStringLiteral("FILE"));
+    const QCommandLineOption splash(QStringLiteral("splash-ms"),
+                                    QStringLiteral("Milliseconds of each splash pause (default 1000)."),
+                                    QStringLiteral("N"), QStringLiteral("1000"));
+    parser.addOptions({help, version, dataDir, desktopDir, settings, splash});
+    // Qt's own options (-style, -platform) are taken by QApplication before we see them.
+    if (!parser.parse(arguments)) {
+        options.error = parser.errorText();
+    }
+    options.helpText = parser.helpText();
+    options.showHelp = parser.isSet(help);
+    options.showVersion = parser.isSet(version);
+    options.dataDir = parser.value(dataDir);
+    options.desktopDir = parser.value(desktopDir);
+    options.settingsFile = parser.value(settings);
+    bool ok = false;
+    const int ms = parser.value(splash).toInt(&ok);
+    if (!ok || ms < 0) {
+        if (options.error.isEmpty())
+            options.error = QStringLiteral("--splash-ms needs a whole number of milliseconds, 0 or more.");
+    } else {
+        options.splashMs = ms;
+    }
+    return options;
+}
+
+QString resolveDataDir(const Options& options) {
+    if (!options.dataDir.isEmpty())
+        return QDir(options.dataDir).absolutePath();
+    const QString fromEnv = qEnvironmentVariable("ORDWELL_DATA_DIR");
+    if (!fromEnv.isEmpty())
+        return QDir(fromEnv).absolutePath();
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+QString resolveDesktopDir(const Options& options) {
+    if (!options.desktopDir.isEmpty())
+        return QDir(options.desktopDir).absolutePath();
+    return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+}
+
+} // namespace ordwell

@@ -1,0 +1,107 @@
+#include "FieldScheme.h"
+
+#include <QtGlobal>
+
+namespace ordwell {
+
+Schema& Schema::AddTable(const QString& name) {
+    m_tables.append(TableDef{name, {}, {}, {}});
+    return *this;
+}
+
+Schema& Schema::AddField(const QString& name, int size, const QString& type, const QString& sort, bool autoIncrement,
+                         bool required) {
+    Q_ASSERT(!m_tables.isEmpty());
+    m_tables.last().fields.append(FieldDef{name, size, type, sort, autoIncrement, required});
+    return *this;
+}
+
+Schema& Schema::AddPrimaryKey(const QString& field) {
+    Q_ASSERT(!m_tables.isEmpty());
+    m_tables.last().primaryKey = field;
+    return *this;
+}
+
+Schema& Schema::AddIndex(const QString& name, const QStringList& columns) {
+    Q_ASSERT(!m_tables.isEmpty());
+    m_tables.last().indexes.append(IndexDef{name, columns});
+    return *this;
+}
+
+const TableDef* Schema::table(const QString& name) const {
+    for (const TableDef& t : m_tables) {
+        if (t.name.compare(name, Qt::CaseInsensitive) == 0)
+            return &t;
+    }
+    return nullptr;
+}
+
+namespace {
+
+QString quoted(const QString& identifier) { return QLatin1Char('"') + identifier + QLatin1Char('"'); }
+
+// The column text for one field. Text compares without regard to case, as the file
+// databases this layout comes from did, so "abc" and "ABC" are the same key.
+QString columnDefinition(const FieldDef& f, bool isKey) {
+    const QString col = quoted(f.name);
+    QString def = col;
+    QStringList checks;
+    if (f.type == QLatin1String("int")) {
+        def += QStringLiteral(" INTEGER");
+        checks << QStringLiteral("%1 BETWEEN -2147483648 AND 2147483647").arg(col);
+    } else if (f.type == QLatin1String("str")) {
+        def += QStringLiteral(" TEXT COLLATE NOCASE");
+        if (f.size > 0)
+            checks << QStringLiteral("length(%1) <= %2").arg(col).arg(f.size);
+        if (f.required)
+            checks << QStringLiteral("length(%1) > 0").arg(col);
+    } else if (f.type == QLatin1String("dat")) {
+        def += QStringLiteral(" TEXT");
+        checks << QStringLiteral("%1 IS NULL OR datetime(%1) IS NOT NULL").arg(col);
+    } else if (f.type == QLatin1String("cur")) {
+        // Ten-thousandths of the unit, the exact range of a 64-bit fixed-point currency.
+        def += QStringLiteral(" INTEGER");
+    } else {
+        def += QStringLiteral(" ANY");
+    }
+    if (isKey && f.autoIncrement) {
+        def += QStringLiteral(" CONSTRAINT PrimaryKey PRIMARY KEY AUTOINCREMENT");
+    } else if (f.required) {
+        def += QStringLiteral(" NOT NULL");
+    }
+    for (const QString& check : checks)
+        def += QStringLiteral(" CHECK (%1)").arg(check);
+    return def;
+}
+
+} // namespace
+
+QString Schema::createTableStatement(const TableDef& table) {
+    QStringList parts;
+    bool keyInColumn = false;
+    for (const FieldDef& f : table.fields) {
+        const bool isKey = f.name == table.primaryKey;
+        parts << columnDefinition(f, isKey);
+        if (isKey && f.autoIncrement)
+            keyInColumn = true;
+    }
+    if (!table.primaryKey.isEmpty() && !keyInColumn)
+        parts << QStringLiteral("CONSTRAINT PrimaryKey PRIMARY KEY (%1)").arg(quoted(table.primaryKey));
+    return QStringLiteral("CREATE TABLE %1 (\n  %2\n) STRICT").arg(quoted(table.name), parts.join(QStringLiteral(",\n  ")));
+}
+
+QStringList Schema::createStatements() const {
+    QStringList statements;
+    for (const TableDef& t : m_tables) {
+        statements << createTableStatement(t);
+        for (const IndexDef& index : t.indexes) {
+            QStringList cols;
+            for (const QString& c : index.columns)
+                cols << quoted(c);
+            statements << QStringLiteral("CREATE INDEX %1 ON %2 (%3)").arg(quoted(index.name), quoted(t.name), cols.join(QLatin1Char(',')));
+        }
+    }
+    return statements;
+}
+
+} // namespace ordwell

@@ -1,0 +1,143 @@
+#include "common/Sql.h"
+#include "store/DatabaseFile.h"
+#include "store/Schemas.h"
+#include "store/Store.h"
+#include "support/TestSupport.h"
+
+#include <QFileInfo>
+#include <QSqlRecord>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+const QString Ins = QStringLiteral(
+    "INSERT INTO Sysset (location, department, add1, add2, add3, county, postcode, contact, telephone, fax, email) "
+    "VALUES (?,?,?,?,?,?,?,?,?,?,?)");
+
+QVariantList sysset(const QString& location) {
+    return {location, QVariant(), QStringLiteral("1 High St"), QVariant(), QVariant(), QStringLiteral("Kent"),
+            QStringLiteral("CT1 1AA"), QStringLiteral("Ann"), QStringLiteral("01234 567890"), QVariant(),
+            QStringLiteral("ann@example.org")};
+}
+} // namespace
+
+class TestStore : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    void newSystemDatabaseHasBothTablesEmpty() {
+        test::TestFolders folders;
+        QVERIFY(Store::CreateSystemDatabase(folders.dataDir()));
+        auto db = Store::OpenSystemDatabase(folders.dataDir());
+        QVERIFY(db);
+        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM Sysset")).value().toInt(), 0);
+        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM vendors")).value().toInt(), 0);
+        QVERIFY(!Store::HasOrganisationDetails(*db));
+        const QSqlRecord fields = db->record(QStringLiteral("Sysset"));
+        QCOMPARE(fields.count(), 11);
+        QCOMPARE(fields.fieldName(0), QStringLiteral("location"));
+        QCOMPARE(fields.fieldName(10), QStringLiteral("email"));
+        // A second creation over the existing file is refused and the file is kept.
+        QVERIFY(!Store::CreateSystemDatabase(folders.dataDir()));
+        DatabaseFile::close(Store::SystemConnection);
+    }
+
+    void systemDatabaseRefusesBadRows() {
+        test::TestFolders folders;
+        QVERIFY(Store::CreateSystemDatabase(folders.dataDir()));
+        auto db = Store::OpenSystemDatabase(folders.dataDir());
+        QVERIFY(db);
+        Sql::Refusal why = Sql::Refusal::None;
+        QVERIFY(Sql::run(*db, Ins, sysset(QStringLiteral("Acme")), &why));
+        QVERIFY(Store::HasOrganisationDetails(*db));
+
+        QVERIFY(!Sql::run(*db, Ins, sysset(QStringLiteral("ACME")), &why)); // keys ignore case
+        QCOMPARE(why, Sql::Refusal::Duplicate);
+        QVERIFY(!Sql::run(*db, Ins, sysset(QString(51, QLatin1Char('x'))), &why));
+        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+        QVERIFY(Sql::run(*db, Ins, sysset(QString(50, QLatin1Char('y'))), &why));
+
+        const int required[] = {0, 2, 5, 6, 7, 8, 10};
+        for (int column : required) {
+            QVariantList row = sysset(QStringLiteral("Org %1").arg(column));
+            row[column] = QVariant();
+            QVERIFY2(!Sql::run(*db, Ins, row, &why), qPrintable(QString::number(column)));
+            QCOMPARE(why, Sql::Refusal::Missing);
+        }
+
+        const QString vendor = QStringLiteral("INSERT INTO vendors (vendor, code, status) VALUES (?,?,?)");
+        QVERIFY(Sql::run(*db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("OBS"), QStringLiteral("A")}));
+        QVERIFY(!Sql::run(*db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("XYZ"), QStringLiteral("A")}, &why));
+        QCOMPARE(why, Sql::Refusal::Duplicate);
+        QVERIFY(!Sql::run(*db, vendor, {QStringLiteral("Long Code Ltd"), QStringLiteral("ABCDE"), QStringLiteral("A")}, &why));
+        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+        DatabaseFile::close(Store::SystemConnection);
+    }
+
+    void vendorDatabaseTablesAndLimits() {
+        test::TestFolders folders;
+        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral(" ABC ")));
+        QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("ABCvendor.mdb"))));
+        auto db = Store::OpenVendorDatabase(folders.dataDir(), Store::vendorFileName(QStringLiteral("ABC")));
+        QVERIFY(db);
+        for (const QString& table : {QStringLiteral("vendor"), QStringLiteral("barcodes"), QStringLiteral("items"),
+                                     QStringLiteral("orderhead"), QStringLiteral("orderline")}) {
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM ") + table).value().toInt(), 0);
+        }
+        QCOMPARE(db->record(QStringLiteral("vendor")).count(), 17);
+        QCOMPARE(db->record(QStringLiteral("orderhead")).count(), 13);
+        QCOMPARE(db->record(QStringLiteral("orderline")).count(), 10);
+
+        // Rule numbers come from a counter starting at 1.
+        const QString rule = QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)");
+        QVERIFY(Sql::run(*db, rule, {QStringLiteral("99"), 2, 1, QStringLiteral("A")}));
+        QVERIFY(Sql::run(*db, rule, {QStringLiteral("98"), 0, 0, QStringLiteral("A")}));
+        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT min(codenum) FROM barcodes")).value().toInt(), 1);
+        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT max(codenum) FROM barcodes")).value().toInt(), 2);
+
+        // Lines have no key: the same order and line number may be stored twice.
+        const QString line = QStringLiteral(
+            "INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty) "
+            "VALUES (?,?,?,?,?,?,?,?,?)");
+        const QVariantList l = {QStringLiteral("ABC1000000"), 1, QStringLiteral("X1"), QStringLiteral("2026-11-23"),
+                                QStringLiteral("L"), 2, 15000, 30000, 0};
+        const Status first = Sql::run(*db, line, l);
+        QVERIFY2(first, qPrintable(first.message()));
+        QVERIFY(Sql::run(*db, line, l));
+
+        Sql::Refusal why = Sql::Refusal::None;
+        const QString item = QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)");
+        QVERIFY(Sql::run(*db, item, {QString(25, QLatin1Char('A')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}));
+        QVERIFY(!Sql::run(*db, item, {QString(26, QLatin1Char('B')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}, &why));
+        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+        QVERIFY(!Sql::run(*db, item, {QStringLiteral("C1"), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("not a date")}, &why));
+        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+        QVERIFY(!Sql::run(*db, item, {QStringLiteral("C2"), QStringLiteral("Widget"), 1, 1, 10000, QVariant()}, &why));
+        QCOMPARE(why, Sql::Refusal::Missing);
+
+        const QString head = QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, status, totalval) VALUES (?,?,?,?,?)");
+        QVERIFY(Sql::run(*db, head, {QStringLiteral("ABC1000000"), QStringLiteral("2026-11-23"), QString(28, QLatin1Char('n')), QStringLiteral("L"), 0}));
+        QVERIFY(!Sql::run(*db, head, {QStringLiteral("ABC1000001"), QStringLiteral("2026-11-23"), QString(29, QLatin1Char('n')), QStringLiteral("L"), 0}, &why));
+        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+        DatabaseFile::close(Store::VendorConnection);
+    }
+
+    void failedCreationLeavesNoFile() {
+        test::TestFolders folders;
+        const QString missing = folders.dataFile(QStringLiteral("no/such/folder"));
+        QVERIFY(!Store::CreateSystemDatabase(missing));
+        QVERIFY(!QFileInfo::exists(missing + QStringLiteral("/Ordwell.mdb")));
+        // Not a database at all: opening says so instead of pretending.
+        QFile junk(folders.dataFile(QStringLiteral("Ordwell.mdb")));
+        QVERIFY(junk.open(QIODevice::WriteOnly));
+        junk.write(QByteArray(4096, 'x'));
+        junk.close();
+        QVERIFY(!Store::OpenSystemDatabase(folders.dataDir()));
+        QVERIFY(!DatabaseFile::isOpen(Store::SystemConnection));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestStore)
+#include "tst_store.moc"

@@ -1,0 +1,96 @@
+#include "TestSupport.h"
+
+#include "store/Store.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QLocale>
+#include <QPointer>
+#include <QSet>
+#include <QTest>
+#include <QTimer>
+
+namespace ordwell::test {
+
+void initTestEnvironment() {
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    QApplication::setOrganizationName(QStringLiteral("OrdwellTests"));
+    QApplication::setApplicationName(QStringLiteral("OrdwellTests"));
+}
+
+TestFolders::TestFolders() {
+    QDir root(m_root.path());
+    root.mkpath(QStringLiteral("data"));
+    root.mkpath(QStringLiteral("desktop"));
+}
+
+QString TestFolders::dataDir() const { return QDir(m_root.path()).filePath(QStringLiteral("data")); }
+QString TestFolders::desktopDir() const { return QDir(m_root.path()).filePath(QStringLiteral("desktop")); }
+QString TestFolders::settingsFile() const { return QDir(m_root.path()).filePath(QStringLiteral("settings.ini")); }
+QString TestFolders::dataFile(const QString& name) const { return QDir(dataDir()).filePath(name); }
+
+Options TestFolders::options() const {
+    Options o;
+    o.dataDir = dataDir();
+    o.desktopDir = desktopDir();
+    o.settingsFile = settingsFile();
+    o.splashMs = 0;
+    return o;
+}
+
+TestContext::TestContext() {
+    m_context = std::make_unique<AppContext>(m_folders.dataDir(), m_folders.settingsFile(), m_prompter);
+    m_context->DesktopPath = m_folders.desktopDir();
+    const Status created = Store::CreateSystemDatabase(m_folders.dataDir());
+    if (!created)
+        qFatal("cannot create the system database: %s", qPrintable(created.message()));
+    if (!Store::OpenSystemDatabase(m_folders.dataDir()))
+        qFatal("cannot open the system database");
+}
+
+TestContext::~TestContext() {
+    m_context->closeVendorDb();
+    m_context->closeSystemDb();
+}
+
+struct ModalAnswerer::Impl {
+    QTimer timer;
+    QSet<QWidget*> seen;
+    int count = 0;
+};
+
+ModalAnswerer::ModalAnswerer(std::function<void(QWidget*)> answer) : d(std::make_unique<Impl>()) {
+    d->timer.setInterval(20);
+    QObject::connect(&d->timer, &QTimer::timeout, [this, answer] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || d->seen.contains(modal) || !modal->isVisible())
+            return;
+        d->seen.insert(modal);
+        QPointer<QWidget> guard(modal);
+        QObject::connect(modal, &QObject::destroyed, &d->timer, [this, modal] { d->seen.remove(modal); });
+        ++d->count;
+        answer(modal);
+    });
+    d->timer.start();
+}
+
+ModalAnswerer::~ModalAnswerer() = default;
+
+int ModalAnswerer::answered() const { return d->count; }
+
+void clickButton(QWidget* dialog, const QString& objectName) {
+    auto* button = dialog->findChild<QAbstractButton*>(objectName);
+    if (!button) {
+        qWarning("no button %s", qPrintable(objectName));
+        return;
+    }
+    button->click();
+}
+
+void pressEnter(QWidget* widget) {
+    widget->setFocus();
+    QTest::keyClick(widget, Qt::Key_Return);
+}
+
+} // namespace ordwell::test

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "ScriptedPrompter.h"
+#include "shell/AppContext.h"
+#include "shell/Options.h"
+
+#include <QTemporaryDir>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+class QAbstractButton;
+class QLineEdit;
+
+namespace ordwell::test {
+
+// Fixes the locale every test expects (en_GB) and keeps tests out of the real settings.
+void initTestEnvironment();
+
+// A fresh data folder, desktop folder and settings file, removed afterwards.
+class TestFolders {
+public:
+    TestFolders();
+    QString dataDir() const;
+    QString desktopDir() const;
+    QString settingsFile() const;
+    QString dataFile(const QString& name) const;
+    // Options for starting the whole program on these folders, with no splash pauses.
+    Options options() const;
+
+private:
+    QTemporaryDir m_root;
+};
+
+// An AppContext on fresh folders with the system database created and open, for tests of
+// one window or one routine without the start-up routine.
+class TestContext {
+public:
+    TestContext();
+    ~TestContext();
+    AppContext& context() { return *m_context; }
+    ScriptedPrompter& prompter() { return m_prompter; }
+    TestFolders& folders() { return m_folders; }
+
+private:
+    TestFolders m_folders;
+    ScriptedPrompter m_prompter;
+    std::unique_ptr<AppContext> m_context;
+};
+
+// Finds a child by objectName and type, failing loudly when it is missing.
+template <typename T> T* child(QObject* parent, const QString& name) {
+    T* found = parent->findChild<T*>(name);
+    if (!found)
+        qWarning("no child named %s", qPrintable(name));
+    return found;
+}
+
+// Answers real modal boxes the Qt way: polls for the active modal widget and hands it to
+// `answer`, once per box, until stopped or destroyed.
+class ModalAnswerer {
+public:
+    explicit ModalAnswerer(std::function<void(QWidget*)> answer);
+    ~ModalAnswerer();
+    int answered() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> d;
+};
+
+// Presses a named button of a modal dialog.
+void clickButton(QWidget* dialog, const QString& objectName);
+
+// Presses Enter in a line edit the way a user or a scanner would.
+void pressEnter(QWidget* widget);
+
+} // namespace ordwell::test
