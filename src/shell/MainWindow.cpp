@@ -254,10 +254,11 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::onFirstActivation() {
     const bool hasDetails = m_context.hasSystemDb() && Store::HasOrganisationDetails(m_context.systemDb());
     if (!hasDetails || m_context.DatabaseJustCreated) {
-        m_context.DatabaseJustCreated = false;
+        // The system defaults window reads the flag while it loads.
         const auto handler = m_handlers.value(QStringLiteral("mnusysdefault"));
         if (handler)
             handler();
+        m_context.DatabaseJustCreated = false;
     } else {
         ApplyMenuMask(MenuMasks::NoVendor);
     }
