@@ -276,32 +276,37 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (m_exiting) {
-        savePlacement();
-        event->accept();
-        return;
+    if (!m_exiting) {
+        if (m_context.OpenWindowCount >= 1) {
+            m_context.prompter().message(
+                QStringLiteral("Please close any active windows before closing the software!"), QString(),
+                MessageIcon::Exclamation);
+            event->ignore();
+            return;
+        }
+        shutDown();
     }
-    if (m_context.OpenWindowCount < 1) {
-        event->ignore();
-        exitProgram();
-        return;
+    savePlacement();
+    event->accept();
+    // The other windows (an About box) go with the main window.
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w != this && w->isVisible())
+            w->close();
     }
-    m_context.prompter().message(QStringLiteral("Please close any active windows before closing the software!"),
-                                 QString(), MessageIcon::Exclamation);
-    event->ignore();
 }
 
-void MainWindow::exitProgram() {
-    if (m_exiting)
-        return;
+void MainWindow::shutDown() {
     m_exiting = true;
-    if (!m_context.CurrentVendorCode.isEmpty()) {
-        m_context.closeVendorDb();
+    if (!m_context.CurrentVendorCode.isEmpty())
         m_context.CurrentVendorCode.clear();
-    }
     m_context.closeVendorDb();
     m_context.closeSystemDb();
     m_context.releaseSystemLock();
+}
+
+void MainWindow::exitProgram() {
+    if (!m_exiting)
+        shutDown();
     CloseAllWindows();
 }
 

@@ -61,6 +61,7 @@ private:
     void savePlacement();
     void onFirstActivation();
     void showAbout();
+    void shutDown();
     void updateClock();
 
     AppContext& m_context;

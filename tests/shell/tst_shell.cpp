@@ -1,9 +1,433 @@
+#include "common/QtPrompter.h"
+#include "shell/FileChooser.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
+#include "shell/Program.h"
+#include "shell/SplashWindow.h"
+#include "shell/ToolWindow.h"
+#include "store/Store.h"
 #include "support/TestSupport.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLockFile>
+#include <QMdiArea>
+#include <QMenu>
+#include <QSqlQuery>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSettings>
 #include <QTest>
+
+using namespace ordwell;
+using test::ScriptedPrompter;
+using test::TestFolders;
+
+namespace {
+
+// A tool window with nothing in it but the protocol, to hold the main window open.
+class DummyTool : public ToolWindow {
+public:
+    explicit DummyTool(AppContext& ctx, Level level) : ToolWindow(ctx, level) {
+        setObjectName(QStringLiteral("dummyTool"));
+        resize(200, 100);
+    }
+    void exit() { finishToolWindow(); }
+};
+
+QStringList enabledEntries(MainWindow& w) {
+    QStringList names;
+    for (QAction* a : w.maskedEntries()) {
+        if (a->isEnabled())
+            names << a->objectName();
+    }
+    return names;
+}
+
+// Answers the agreement by pressing one of its buttons, or its close box.
+test::ModalAnswerer answerAgreement(const QString& how, QString* shownText = nullptr) {
+    return test::ModalAnswerer([how, shownText](QWidget* modal) {
+        if (modal->objectName() != QLatin1String("frmfirstrun"))
+            return;
+        if (shownText)
+            *shownText = modal->findChild<QPlainTextEdit*>(QStringLiteral("txtEULA"))->toPlainText();
+        if (how == QLatin1String("close"))
+            modal->close();
+        else
+            test::clickButton(modal, how);
+    });
+}
+
+void createDatabaseWithDetails(const TestFolders& folders) {
+    QVERIFY(Store::CreateSystemDatabase(folders.dataDir()));
+    {
+        auto db = Store::OpenSystemDatabase(folders.dataDir());
+        QVERIFY(db);
+        QSqlQuery q(*db);
+        QVERIFY(q.exec(QStringLiteral("INSERT INTO Sysset (location, add1, county, postcode, contact, telephone, "
+                                      "email) VALUES ('Acme', '1 Road', 'Kent', 'CT11AA', 'Ann', '0123', 'a@b.c')")));
+    }
+    QSqlDatabase::removeDatabase(Store::SystemConnection);
+}
+
+} // namespace
+
 class TestShell : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase() { ordwell::test::initTestEnvironment(); }
+    void initTestCase() {
+        test::initTestEnvironment();
+        QApplication::setQuitOnLastWindowClosed(false);
+    }
+
+    void firstRunAgreedCreatesDatabaseAndOpensMaximised() {
+        TestFolders folders;
+        ScriptedPrompter prompter;
+        QString agreement;
+        auto answerer = answerAgreement(QStringLiteral("cmdEULAYes"), &agreement);
+        Program program(folders.options(), &prompter);
+        QVERIFY(program.start());
+        QCOMPARE(answerer.answered(), 1);
+        QCOMPARE(program.startupCaptions(),
+                 QStringList({QStringLiteral("Checking system database..."), QStringLiteral("Creating database..."),
+                              QStringLiteral("Creating database defaults..."),
+                              QStringLiteral("Opening the database...")}));
+        // The shipped agreement was installed and shown, a line break after each line.
+        QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("EULA.txt"))));
+        QVERIFY(agreement.startsWith(QStringLiteral("ORDWELL END-USER LICENCE AGREEMENT\n")));
+        QVERIFY(agreement.endsWith(QStringLiteral("nothing will be created.\n")));
+        QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.mdb"))));
+        QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.ldb"))));
+        QCOMPARE(program.context().DesktopPath, folders.desktopDir());
+        MainWindow* main = program.mainWindow();
+        QVERIFY(main && main->isVisible());
+        QVERIFY(main->isMaximized());
+        QCOMPARE(main->windowTitle(), QStringLiteral("Ordwell"));
+        QVERIFY(QTest::qWaitForWindowActive(main));
+        QTRY_VERIFY(!program.context().DatabaseJustCreated);
+        QVERIFY(prompter.unexpected.isEmpty());
+    }
+
+    void declinedOrClosedAgreementCreatesNothing_data() {
+        QTest::addColumn<QString>("how");
+        QTest::newRow("I Do Not Agree") << QStringLiteral("cmdEULANo");
+        QTest::newRow("close box") << QStringLiteral("close");
+    }
+    void declinedOrClosedAgreementCreatesNothing() {
+        QFETCH(QString, how);
+        TestFolders folders;
+        for (int launch = 0; launch < 2; ++launch) {
+            ScriptedPrompter prompter;
+            auto answerer = answerAgreement(how);
+            Program program(folders.options(), &prompter);
+            QVERIFY(!program.start());
+            QCOMPARE(answerer.answered(), 1); // offered again on the next launch
+            QVERIFY(!program.mainWindow());
+            QVERIFY(program.context().DesktopPath.isEmpty());
+            QVERIFY(!QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.mdb"))));
+            QVERIFY(!QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.ldb"))));
+            QVERIFY(prompter.messages.isEmpty());
+            QCOMPARE(program.startupCaptions(), QStringList{QStringLiteral("Checking system database...")});
+        }
+    }
+
+    void unreadableAgreementEndsWithAMessage() {
+        TestFolders folders;
+        QVERIFY(QDir(folders.dataDir()).mkdir(QStringLiteral("EULA.txt"))); // a folder cannot be read as text
+        ScriptedPrompter prompter;
+        auto answerer = answerAgreement(QStringLiteral("cmdEULAYes"));
+        Program program(folders.options(), &prompter);
+        QVERIFY(!program.start());
+        QCOMPARE(answerer.answered(), 0);
+        QCOMPARE(prompter.messages.size(), 1);
+        QVERIFY(prompter.lastText().startsWith(QStringLiteral("The licence agreement")));
+        QCOMPARE(prompter.messages.first().icon, MessageIcon::Critical);
+        QVERIFY(!QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.mdb"))));
+        QVERIFY(!QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.ldb"))));
+    }
+
+    void existingDatabaseOpensAtSavedPlacement() {
+        TestFolders folders;
+        createDatabaseWithDetails(folders);
+        ScriptedPrompter prompter;
+        auto answerer = answerAgreement(QStringLiteral("cmdEULANo"));
+        {
+            Program program(folders.options(), &prompter);
+            QVERIFY(program.start());
+            QCOMPARE(program.startupCaptions(), QStringList({QStringLiteral("Checking system database..."),
+                                                             QStringLiteral("Opening the database...")}));
+            MainWindow* main = program.mainWindow();
+            QVERIFY(!main->isMaximized());
+            const double tpp = main->twipsPerPixel();
+            // Nothing saved yet: 1000, 1000, 6500 by 6500 twips.
+            QCOMPARE(main->pos(), QPoint(qRound(1000 / tpp), qRound(1000 / tpp)));
+            QCOMPARE(main->size(), QSize(qRound(6500 / tpp), qRound(6500 / tpp)));
+            QVERIFY(QTest::qWaitForWindowActive(main));
+            QTRY_COMPARE(enabledEntries(*main),
+                         QStringList({"mnuswven", "mnuabout", "mnuFileExit", "mnuedvend", "mnudevend",
+                                      "mnusysdefault", "mnucompsys"}));
+            QCOMPARE(main->findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text(),
+                     QStringLiteral("No Vendor Selected"));
+            main->move(120, 90);
+            main->resize(700, 500);
+            main->triggerMenu(QStringLiteral("mnuFileExit"));
+            QVERIFY(!main->isVisible());
+            QVERIFY(!program.context().hasSystemDb());
+            QVERIFY(!QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.ldb"))));
+        }
+        QCOMPARE(answerer.answered(), 0);
+        QSettings ini(folders.settingsFile(), QSettings::IniFormat);
+        QVERIFY(ini.contains(QStringLiteral("Settings/MainLeft")));
+
+        // The next run opens where the last one closed; closing while minimised saves nothing.
+        {
+            Program program(folders.options(), &prompter);
+            QVERIFY(program.start());
+            MainWindow* main = program.mainWindow();
+            QCOMPARE(main->pos(), QPoint(120, 90));
+            QCOMPARE(main->size(), QSize(700, 500));
+            main->showMinimized();
+            QTRY_VERIFY(main->isMinimized());
+            main->triggerMenu(QStringLiteral("mnuFileExit"));
+        }
+        {
+            Program program(folders.options(), &prompter);
+            QVERIFY(program.start());
+            QCOMPARE(program.mainWindow()->pos(), QPoint(120, 90));
+            QCOMPARE(program.mainWindow()->size(), QSize(700, 500));
+        }
+        QVERIFY(prompter.messages.isEmpty());
+    }
+
+    void heldLockEndsTheProgram_data() {
+        QTest::addColumn<bool>("withDatabase");
+        QTest::addColumn<bool>("byHand");
+        QTest::newRow("running copy, new folder") << false << false;
+        QTest::newRow("running copy, existing database") << true << false;
+        QTest::newRow("lock made by hand") << true << true;
+    }
+    void heldLockEndsTheProgram() {
+        QFETCH(bool, withDatabase);
+        QFETCH(bool, byHand);
+        TestFolders folders;
+        if (withDatabase)
+            createDatabaseWithDetails(folders);
+        QLockFile other(folders.dataFile(QStringLiteral("Ordwell.ldb")));
+        if (byHand) {
+            QFile hand(folders.dataFile(QStringLiteral("Ordwell.ldb")));
+            QVERIFY(hand.open(QIODevice::WriteOnly));
+        } else {
+            QVERIFY(other.tryLock(0));
+        }
+        ScriptedPrompter prompter;
+        auto answerer = answerAgreement(QStringLiteral("cmdEULAYes"));
+        Program program(folders.options(), &prompter);
+        QVERIFY(!program.start());
+        QCOMPARE(answerer.answered(), 0);
+        QVERIFY(!program.mainWindow());
+        QVERIFY(program.context().DesktopPath.isEmpty());
+        QCOMPARE(program.startupCaptions(), QStringList{QStringLiteral("Checking system database...")});
+        QCOMPARE(prompter.texts(), QStringList{QStringLiteral("Ordwell is already running.")});
+        QCOMPARE(QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.mdb"))), withDatabase);
+        QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.ldb")))); // not ours to remove
+    }
+
+    void lockLeftByACrashDoesNotStopTheStart() {
+        TestFolders folders;
+        createDatabaseWithDetails(folders);
+        QFile stale(folders.dataFile(QStringLiteral("Ordwell.ldb")));
+        QVERIFY(stale.open(QIODevice::WriteOnly));
+        // The lock file's own format: process id, program name, host name; no such process runs.
+        stale.write("2147480000\nordwell\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+        stale.close();
+        ScriptedPrompter prompter;
+        Program program(folders.options(), &prompter);
+        QVERIFY(program.start());
+        QVERIFY(prompter.messages.isEmpty());
+    }
+
+    void unusableDatabaseIsReported() {
+        TestFolders folders;
+        QFile junk(folders.dataFile(QStringLiteral("Ordwell.mdb")));
+        QVERIFY(junk.open(QIODevice::WriteOnly));
+        junk.write(QByteArray(2048, 'j'));
+        junk.close();
+        ScriptedPrompter prompter;
+        Program program(folders.options(), &prompter);
+        QVERIFY(!program.start());
+        QVERIFY(!program.mainWindow());
+        QCOMPARE(prompter.texts(),
+                 QStringList{QStringLiteral("There is a problem with the system database, please check the system database")});
+        QCOMPARE(prompter.messages.first().icon, MessageIcon::Critical);
+        QCOMPARE(prompter.messages.first().title, QString());
+        QVERIFY(!QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.ldb"))));
+    }
+
+    void eachMaskEnablesItsEntries_data() {
+        QTest::addColumn<QString>("mask");
+        QTest::addColumn<QStringList>("enabled");
+        QTest::newRow("no vendor") << MenuMasks::NoVendor
+                                   << QStringList{"mnuswven", "mnuabout",  "mnuFileExit", "mnuedvend",
+                                                  "mnudevend", "mnusysdefault", "mnucompsys"};
+        QTest::newRow("vendor open") << MenuMasks::VendorOpen
+                                     << QStringList{"mnuswven",      "mnuabout",      "mnuFileExit", "mnuNewOrd",
+                                                    "mnuLdOrd",      "mnuprtord",     "mnuexpord",   "mnuRcvOrd",
+                                                    "mnueditms",     "mnuimpitms",    "mnubarcodes", "mnurptoutitms",
+                                                    "mnurptOrdhist", "mnucompvend"};
+        QTest::newRow("system window") << MenuMasks::SystemWindow << QStringList{"mnuabout"};
+        QTest::newRow("vendor window") << MenuMasks::VendorWindow
+                                       << QStringList{"mnuabout", "mnurptoutitms", "mnurptOrdhist"};
+    }
+    void eachMaskEnablesItsEntries() {
+        QFETCH(QString, mask);
+        QFETCH(QStringList, enabled);
+        test::TestContext tc;
+        MainWindow main(tc.context());
+        main.ApplyMenuMask(mask);
+        QCOMPARE(enabledEntries(main), enabled);
+        QVERIFY(tc.prompter().messages.isEmpty());
+    }
+
+    void menuTreeHasCaptionsAndShortcuts() {
+        test::TestContext tc;
+        MainWindow main(tc.context());
+        QCOMPARE(main.maskedEntries().size(), 18);
+        QCOMPARE(main.menuEntry(QStringLiteral("mnuswven"))->text(), QStringLiteral("&Swich Vendor"));
+        QCOMPARE(main.menuEntry(QStringLiteral("mnuswven"))->shortcut(), QKeySequence(QStringLiteral("Ctrl+S")));
+        QCOMPARE(main.menuEntry(QStringLiteral("mnuFileExit"))->shortcut(), QKeySequence(QStringLiteral("Ctrl+X")));
+        QCOMPARE(main.menuEntry(QStringLiteral("mnubarcodes"))->shortcut(), QKeySequence(QStringLiteral("Ctrl+B")));
+        QVERIFY(main.menuEntry(QStringLiteral("mnuimpitms"))->shortcut().isEmpty());
+        QVERIFY(main.menuEntry(QStringLiteral("mnuFileBar4"))->isSeparator());
+        QCOMPARE(main.findChild<QMenu*>(QStringLiteral("mnumaint"))->title(), QStringLiteral("&Maintance"));
+    }
+
+    void wrongLengthMaskIsReportedAndStillApplied() {
+        test::TestContext tc;
+        MainWindow main(tc.context());
+        main.ApplyMenuMask(MenuMasks::NoVendor);
+        main.ApplyMenuMask(QStringLiteral("0101010101010101x1")); // 18: the last two leave entries alone
+        main.ApplyMenuMask(QString(18, QLatin1Char('1')) + QLatin1Char('0')); // 19 characters
+        QCOMPARE(tc.prompter().texts(), QStringList(2, QStringLiteral("The menu option is the wrong length")));
+        QCOMPARE(tc.prompter().messages.first().icon, MessageIcon::None);
+        QCOMPARE(tc.prompter().messages.first().title, QString());
+        QStringList all;
+        for (QAction* a : main.maskedEntries())
+            all << a->objectName();
+        QCOMPARE(enabledEntries(main), all); // positions 1 to 18 applied
+    }
+
+    void closeIsRefusedWhileAToolWindowIsOpen() {
+        test::TestContext tc;
+        MainWindow main(tc.context());
+        main.show();
+        auto* tool = new DummyTool(tc.context(), ToolWindow::Level::System);
+        main.showToolWindow(tool);
+        QCOMPARE(tc.context().OpenWindowCount, 1);
+        QCOMPARE(enabledEntries(main), QStringList{"mnuabout"});
+        QVERIFY(!main.close());
+        QVERIFY(main.isVisible());
+        QVERIFY(tc.context().hasSystemDb());
+        QCOMPARE(tc.prompter().texts(),
+                 QStringList{QStringLiteral("Please close any active windows before closing the software!")});
+        QCOMPARE(tc.prompter().messages.first().icon, MessageIcon::Exclamation);
+
+        // The tool window's close box does not bypass its own exit (it has none here).
+        QMdiSubWindow* frame = main.mdiArea()->subWindowList().first();
+        frame->close();
+        QCOMPARE(tc.context().OpenWindowCount, 1);
+
+        tool->exit();
+        QCOMPARE(tc.context().OpenWindowCount, 0);
+        QTRY_VERIFY(main.mdiArea()->subWindowList().isEmpty());
+        QCOMPARE(enabledEntries(main).size(), 7); // the no-vendor mask again
+        main.close();
+        QVERIFY(!main.isVisible());
+        QVERIFY(!tc.context().hasSystemDb());
+    }
+
+    void fileChooserOffersTheKindsFiltersAndKeepsCancelHarmless() {
+        test::TestContext tc;
+        AppContext& ctx = tc.context();
+        const FileRequest imports = FileChooser::requestFor(FileChooser::ImportFiles, ctx.DesktopPath);
+        QCOMPARE(imports.title, QStringLiteral("Open File"));
+        QCOMPARE(imports.startFolder, tc.folders().desktopDir());
+        QCOMPARE(imports.filters, QStringList({QStringLiteral("Comma Seperated Variable (*.csv)"),
+                                               QStringLiteral("Text File(*.txt)")}));
+        QVERIFY(imports.mustExist);
+        QCOMPARE(FileChooser::requestFor(FileChooser::ReportFiles, ctx.DesktopPath).filters,
+                 QStringList{QStringLiteral("Report File (*.rpt)")});
+
+        ctx.FileChooserKind = FileChooser::ReportFiles;
+        tc.prompter().queueFile(std::nullopt);
+        FileChooser::choose(ctx);
+        QVERIFY(ctx.ChosenFilePath.isEmpty());
+        QCOMPARE(ctx.OpenWindowCount, 0);
+        tc.prompter().queueFile(QStringLiteral("/tmp/form.rpt"));
+        FileChooser::choose(ctx);
+        QCOMPARE(ctx.ChosenFilePath, QStringLiteral("/tmp/form.rpt"));
+        QCOMPARE(ctx.OpenWindowCount, 0);
+    }
+
+    void realFileDialogStartsOnTheDesktopAndNeedsAnExistingFile() {
+        TestFolders folders;
+        QFile report(QDir(folders.desktopDir()).filePath(QStringLiteral("acme.rpt")));
+        QVERIFY(report.open(QIODevice::WriteOnly));
+        report.close();
+        QtPrompter real;
+        AppContext ctx(folders.dataDir(), folders.settingsFile(), real);
+        ctx.DesktopPath = folders.desktopDir();
+        ctx.FileChooserKind = FileChooser::ReportFiles;
+        QString title, directory;
+        QStringList filters;
+        int fileMode = -1;
+        test::ModalAnswerer answerer([&](QWidget* modal) {
+            auto* dialog = qobject_cast<QFileDialog*>(modal);
+            if (!dialog || dialog->objectName() != QLatin1String("dlgOpenFile"))
+                return;
+            title = dialog->windowTitle();
+            directory = dialog->directory().absolutePath();
+            filters = dialog->nameFilters();
+            fileMode = dialog->fileMode();
+            dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("acme.rpt"));
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        FileChooser::choose(ctx);
+        QCOMPARE(title, QStringLiteral("Open File"));
+        QCOMPARE(directory, folders.desktopDir());
+        QCOMPARE(filters, QStringList{QStringLiteral("Report File (*.rpt)")});
+        QCOMPARE(fileMode, int(QFileDialog::ExistingFile));
+        QCOMPARE(ctx.ChosenFilePath, report.fileName());
+        QCOMPARE(ctx.OpenWindowCount, 0);
+    }
+
+    void aboutShowsButtonsAndNoProgressLine() {
+        test::TestContext tc;
+        MainWindow main(tc.context());
+        main.show();
+        main.triggerMenu(QStringLiteral("mnuabout"));
+        SplashWindow* about = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (w->objectName() == QLatin1String("frmsplash") && w->isVisible())
+                about = qobject_cast<SplashWindow*>(w);
+        }
+        QVERIFY(about);
+        QVERIFY(about->windowFlags() & Qt::WindowStaysOnTopHint);
+        QVERIFY(about->findChild<QPushButton*>(QStringLiteral("Command1"))->isVisible());
+        QVERIFY(about->findChild<QPushButton*>(QStringLiteral("cmdie"))->isVisible());
+        QVERIFY(!about->findChild<QLabel*>(QStringLiteral("Label3"))->isVisible());
+        QCOMPARE(about->findChild<QLabel*>(QStringLiteral("label1"))->text(), QStringLiteral("Ordwell v") + versionText());
+        QCOMPARE(tc.context().OpenWindowCount, 0); // About is not a tool window
+        test::clickButton(about, QStringLiteral("Command1"));
+        QVERIFY(!about->isVisible());
+    }
 };
+
 QTEST_MAIN(TestShell)
 #include "tst_shell.moc"

@@ -13,7 +13,21 @@
 
 namespace ordwell::test {
 
+namespace {
+QtMessageHandler previousHandler = nullptr;
+
+// The offscreen platform's complaint about size hints is noise in every window test.
+void quietHandler(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (message.contains(QLatin1String("propagateSizeHints")) || message.contains(QLatin1String("XDG_RUNTIME_DIR")))
+        return;
+    if (previousHandler)
+        previousHandler(type, context, message);
+}
+} // namespace
+
 void initTestEnvironment() {
+    if (!previousHandler)
+        previousHandler = qInstallMessageHandler(quietHandler);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     QApplication::setOrganizationName(QStringLiteral("OrdwellTests"));
     QApplication::setApplicationName(QStringLiteral("OrdwellTests"));
