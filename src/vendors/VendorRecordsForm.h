@@ -1,0 +1,86 @@
+#pragma once
+
+#include "shell/ToolWindow.h"
+#include "vendors/VendorRecords.h"
+#include "vendors/VendorRepository.h"
+
+#include <QList>
+#include <array>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace ordwell {
+
+// frmaddeditvnd: browses the active vendors one at a time, edits a vendor's details and adds
+// new vendors in two stages (identity first, then details).
+class VendorRecordsForm : public ToolWindow {
+    Q_OBJECT
+public:
+    enum class State { Browse, Editing, AddingIdentity, AddingDetails };
+
+    // The nine buttons, in the order of the button mask.
+    enum Button { Edit, Save, Cancel, First, Previous, Next, Last, AddNew, Exit, ButtonCount };
+
+    explicit VendorRecordsForm(AppContext& context, QWidget* parent = nullptr);
+
+    State state() const;
+    // The active vendors as the window holds them, and which one the identity boxes show.
+    const QList<VendorEntry>& vendors() const { return m_vendors; }
+    int currentIndex() const { return m_current; }
+
+protected:
+    QAbstractButton* closeBoxButton() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void buildControls();
+    QLineEdit* box(VendorField field) const;
+    QPushButton* button(Button which) const { return m_buttons[which]; }
+
+    void reloadList();
+    void showCurrentVendor();
+    QString currentCode() const;
+    void loadDetails();
+    void clearDetails();
+    void showDetails(const VendorDetails& details);
+    VendorDetails detailsFromBoxes() const;
+
+    void SetNavigationMask();
+    void ApplyButtonMask(const QString& mask);
+    void LockIdentityFields(bool lock);
+    void LockDetailFields(bool lock);
+    void showPosition();
+    void showEditingPosition();
+    void tell(const QString& text);
+    // Shows a failed check's message, writes back its upper-cased text and moves the focus.
+    bool accept(const VendorCheck& check);
+
+    void onEdit();
+    void onSave();
+    void saveIdentity();
+    void saveDetails();
+    void onCancel();
+    void moveTo(int index);
+    void onAddNew();
+    void onExit();
+    void onImportReport();
+    void onEnter(VendorField field);
+
+    std::array<QLineEdit*, VendorDetailCount> m_boxes{};
+    std::array<QLineEdit*, 2> m_identity{};
+    std::array<QPushButton*, ButtonCount> m_buttons{};
+    QLabel* m_recordCount = nullptr;
+    QPushButton* m_importReport = nullptr;
+
+    QList<VendorEntry> m_vendors;
+    int m_current = -1;
+    bool m_bound = true;
+    bool m_adding = false;
+    bool m_secondStage = false;
+    bool m_shownOnce = false;
+};
+
+} // namespace ordwell
