@@ -17,6 +17,7 @@ FirstRunDialog::FirstRunDialog(const QStringList& agreementLines, QWidget* paren
     m_text = new QPlainTextEdit(this);
     m_text->setObjectName(QStringLiteral("txtEULA"));
     m_text->setReadOnly(true);
+    m_text->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     m_text->setAccessibleName(QStringLiteral("Licence agreement"));
     caption->setBuddy(m_text);
     QString text;

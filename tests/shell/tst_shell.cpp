@@ -138,6 +138,22 @@ private slots:
         }
     }
 
+    void usersOwnAgreementIsShownLineByLine() {
+        TestFolders folders;
+        QFile eula(folders.dataFile(QStringLiteral("EULA.txt")));
+        QVERIFY(eula.open(QIODevice::WriteOnly));
+        eula.write("First line\r\nSecond line\r\nThird line");
+        eula.close();
+        ScriptedPrompter prompter;
+        QString shown;
+        auto answerer = answerAgreement(QStringLiteral("cmdEULANo"), &shown);
+        Program program(folders.options(), &prompter);
+        QVERIFY(!program.start());
+        QCOMPARE(shown, QStringLiteral("First line\nSecond line\nThird line\n"));
+        QVERIFY(eula.open(QIODevice::ReadOnly));
+        QCOMPARE(eula.readAll(), QByteArray("First line\r\nSecond line\r\nThird line")); // never replaced
+    }
+
     void unreadableAgreementEndsWithAMessage() {
         TestFolders folders;
         QVERIFY(QDir(folders.dataDir()).mkdir(QStringLiteral("EULA.txt"))); // a folder cannot be read as text
