@@ -1,0 +1,57 @@
+#include "Maintenance.h"
+
+#include "common/Prompter.h"
+#include "shell/AppContext.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
+#include "store/Compaction.h"
+#include "store/Store.h"
+
+namespace ordwell::Maintenance {
+
+void reportCompaction(Prompter& prompter, const Status& outcome) {
+    if (outcome) {
+        prompter.message(QStringLiteral("Database maintenance completed sucessfully"),
+                         QStringLiteral("Maintenance complete"), MessageIcon::Information);
+        return;
+    }
+    QString text = QStringLiteral("Database maintenance failed");
+    if (!outcome.message().isEmpty())
+        text += QLatin1Char('\n') + outcome.message();
+    prompter.message(text, QStringLiteral("Maintenance failed"), MessageIcon::Exclamation);
+}
+
+void compactSystem(AppContext& context, MainWindow& mainWindow) {
+    context.closeSystemDb();
+    reportCompaction(context.prompter(),
+                     CompactDatabase(Store::systemDatabasePath(context.dataDir()), context.dataDir()));
+    // Reopened whatever the outcome: a failed compaction leaves the original file in place.
+    if (!Store::OpenSystemDatabase(context.dataDir())) {
+        context.prompter().message(
+            QStringLiteral("There is a problem with the system database, please check the system database"), QString(),
+            MessageIcon::Critical);
+        mainWindow.exitProgram();
+    }
+}
+
+void compactVendor(AppContext& context) {
+    const QString code = context.CurrentVendorCode;
+    if (code.isEmpty())
+        return;
+    context.closeVendorDb();
+    reportCompaction(context.prompter(),
+                     CompactDatabase(Store::vendorDatabasePath(context.dataDir(), code), context.dataDir()));
+    auto reopened = Store::OpenVendorDatabase(context.dataDir(), Store::vendorFileName(code));
+    if (!reopened) {
+        context.prompter().message(
+            QStringLiteral("The vendor's database could not be opened again, so the vendor has been closed.\n%1")
+                .arg(reopened.message()),
+            QString(), MessageIcon::Critical);
+        context.CurrentVendorCode.clear();
+        context.CurrentVendorName.clear();
+        context.ApplyMenuMask(MenuMasks::NoVendor);
+        context.ShowStatus(QString());
+    }
+}
+
+} // namespace ordwell::Maintenance
