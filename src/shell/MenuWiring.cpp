@@ -3,6 +3,8 @@
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "vendors/VendorRecordsForm.h"
+#include "shell/Maintenance.h"
+#include "vendors/DeactivateVendorForm.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -26,6 +28,22 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
         *vendorRecords = new VendorRecordsForm(context);
         mainWindow.showToolWindow(*vendorRecords);
     });
+
+    // One deactivation window at a time; the menu is masked while it is open anyway.
+    auto deactivation = std::make_shared<QPointer<DeactivateVendorForm>>();
+    mainWindow.setMenuHandler(QStringLiteral("mnudevend"), [&mainWindow, &context, deactivation] {
+        if (*deactivation) {
+            if (auto* sub = qobject_cast<QMdiSubWindow*>((*deactivation)->parentWidget()))
+                mainWindow.mdiArea()->setActiveSubWindow(sub);
+            return;
+        }
+        *deactivation = new DeactivateVendorForm(context);
+        mainWindow.showToolWindow(*deactivation);
+    });
+
+    mainWindow.setMenuHandler(QStringLiteral("mnucompsys"),
+                              [&mainWindow, &context] { Maintenance::compactSystem(context, mainWindow); });
+    mainWindow.setMenuHandler(QStringLiteral("mnucompvend"), [&context] { Maintenance::compactVendor(context); });
 }
 
 } // namespace ordwell
