@@ -6,25 +6,31 @@
 #include <QTextStream>
 
 int main(int argc, char* argv[]) {
+    // --help and --version answer without needing a display.
+    QStringList rawArguments;
+    for (int i = 0; i < argc; ++i)
+        rawArguments << QString::fromLocal8Bit(argv[i]);
+    const ordwell::Options early = ordwell::parseOptions(rawArguments);
+    if (early.showHelp) {
+        QTextStream(stdout) << early.helpText;
+        return 0;
+    }
+    if (early.showVersion) {
+        QTextStream(stdout) << "Ordwell " << ordwell::versionText() << '\n';
+        return 0;
+    }
+
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Ordwell"));
     QApplication::setApplicationName(QStringLiteral("Ordwell"));
     QApplication::setApplicationVersion(ordwell::versionText());
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/ordwell-icon.png")));
 
+    // Qt has taken its own options (-style, -platform) out of the arguments by now.
     const ordwell::Options options = ordwell::parseOptions(QApplication::arguments());
-    QTextStream out(stdout);
     if (!options.error.isEmpty()) {
         QTextStream(stderr) << options.error << "\n\n" << options.helpText;
         return 2;
-    }
-    if (options.showHelp) {
-        out << options.helpText;
-        return 0;
-    }
-    if (options.showVersion) {
-        out << "Ordwell " << ordwell::versionText() << '\n';
-        return 0;
     }
     ordwell::Program program(options);
     if (!program.start())

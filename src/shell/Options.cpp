@@ -33,7 +33,7 @@ Options parseOptions(const QStringList& arguments) {
     if (!parser.parse(arguments)) {
         options.error = parser.errorText();
     }
-    options.helpText = parser.helpText();
+    options.helpText = parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("ordwell"));
     options.showHelp = parser.isSet(help);
     options.showVersion = parser.isSet(version);
     options.dataDir = parser.value(dataDir);

@@ -87,6 +87,21 @@ private slots:
         QApplication::setQuitOnLastWindowClosed(false);
     }
 
+    void commandLineOptions() {
+        const Options o = parseOptions({QStringLiteral("ordwell"), QStringLiteral("--data-dir"), QStringLiteral("/d"),
+                                        QStringLiteral("--desktop-dir=/desk"), QStringLiteral("--settings"),
+                                        QStringLiteral("/s.ini"), QStringLiteral("--splash-ms"), QStringLiteral("0")});
+        QVERIFY(o.error.isEmpty());
+        QCOMPARE(resolveDataDir(o), QStringLiteral("/d"));
+        QCOMPARE(resolveDesktopDir(o), QStringLiteral("/desk"));
+        QCOMPARE(o.settingsFile, QStringLiteral("/s.ini"));
+        QCOMPARE(o.splashMs, 0);
+        QCOMPARE(parseOptions({QStringLiteral("ordwell")}).splashMs, 1000);
+        QVERIFY(!parseOptions({QStringLiteral("ordwell"), QStringLiteral("--splash-ms"), QStringLiteral("-5")}).error.isEmpty());
+        QVERIFY(!parseOptions({QStringLiteral("ordwell"), QStringLiteral("--bogus")}).error.isEmpty());
+        QVERIFY(parseOptions({QStringLiteral("ordwell"), QStringLiteral("--version")}).showVersion);
+    }
+
     void firstRunAgreedCreatesDatabaseAndOpensMaximised() {
         TestFolders folders;
         ScriptedPrompter prompter;
