@@ -2,6 +2,7 @@
 
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
+#include "settings/SysDefaultsForm.h"
 #include "vendors/VendorRecordsForm.h"
 #include "shell/Maintenance.h"
 #include "vendors/DeactivateVendorForm.h"
@@ -27,6 +28,16 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
         }
         *vendorRecords = new VendorRecordsForm(context);
         mainWindow.showToolWindow(*vendorRecords);
+    });
+
+    // The organisation has one set of details, so one window for them: the main window asks
+    // for it by itself on a first run, and a request while it is open changes nothing.
+    auto sysDefaults = std::make_shared<QPointer<SysDefaultsForm>>();
+    mainWindow.setMenuHandler(QStringLiteral("mnusysdefault"), [&mainWindow, &context, sysDefaults] {
+        if (*sysDefaults)
+            return;
+        *sysDefaults = new SysDefaultsForm(context);
+        mainWindow.showToolWindow(*sysDefaults);
     });
 
     // One deactivation window at a time; the menu is masked while it is open anyway.

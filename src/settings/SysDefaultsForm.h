@@ -1,0 +1,55 @@
+#pragma once
+
+#include "settings/OrganisationDetails.h"
+#include "shell/ToolWindow.h"
+
+#include <QList>
+
+class QAbstractButton;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace ordwell {
+
+// frmsysdefaults: the organisation's own details, shown read-only until Edit opens them.
+// While nothing has been stored yet the window can only be left by saving valid details.
+class SysDefaultsForm : public ToolWindow {
+    Q_OBJECT
+public:
+    enum Button { EditButton, SaveButton, CancelButton, ExitButton, ButtonCount };
+
+    explicit SysDefaultsForm(AppContext& context, QWidget* parent = nullptr);
+
+    // True from opening on an empty table until the first valid save.
+    bool isFirstEntry() const { return m_firstEntry; }
+
+    void ApplyButtonMask(const QString& mask);
+    void LockDetails(bool locked);
+    void ShowDetails();
+    bool ValidateDetails();
+    bool SaveDetails();
+    void InitialState();
+
+protected:
+    QString loadMask() const override;
+    QAbstractButton* closeBoxButton() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void buildForm();
+    void onButton(int index);
+    void onEnter(int box);
+    void focusOnActivation();
+    OrganisationDetails typedDetails() const;
+    void report(const DetailsProblem& problem);
+
+    QList<QLineEdit*> m_boxes;
+    QList<QAbstractButton*> m_buttons;
+    QLabel* m_instructions[2] = {nullptr, nullptr};
+    bool m_firstEntry = false;
+    bool m_shownOnce = false;
+};
+
+} // namespace ordwell
