@@ -20,12 +20,12 @@ namespace {
 
 const char* const FieldProperty = "vendorField";
 
-struct ButtonSpec {
+struct ButtonInfo {
     const char* caption;
     const char* accessibleName; // for the buttons whose caption is only arrows
 };
 
-const std::array<ButtonSpec, VendorRecordsForm::ButtonCount> ButtonSpecs = {{
+const std::array<ButtonInfo, VendorRecordsForm::ButtonCount> ButtonInfos = {{
     {"&Edit", nullptr},
     {"&Save", nullptr},
     {"&Cancel", nullptr},
@@ -135,11 +135,11 @@ void VendorRecordsForm::buildControls() {
 
     auto* buttons = new QHBoxLayout;
     for (int i = 0; i < ButtonCount; ++i) {
-        auto* b = new QPushButton(QString::fromLatin1(ButtonSpecs[i].caption), this);
+        auto* b = new QPushButton(QString::fromLatin1(ButtonInfos[i].caption), this);
         b->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
         b->setAutoDefault(false);
-        if (ButtonSpecs[i].accessibleName)
-            b->setAccessibleName(QString::fromLatin1(ButtonSpecs[i].accessibleName));
+        if (ButtonInfos[i].accessibleName)
+            b->setAccessibleName(QString::fromLatin1(ButtonInfos[i].accessibleName));
         buttons->addWidget(b);
         m_buttons[i] = b;
     }

@@ -22,6 +22,7 @@
 #include <QPushButton>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace ordwell;
@@ -511,7 +512,7 @@ private slots:
         QCOMPARE(ctx.OpenWindowCount, 1);
     }
 
-    void reportsInTheDataFolderStayForOthers() {
+    void reportImportFromOtherPlaces() {
         TestContext tc;
         const QString shared = VendorRecords::defaultReportPath(tc.context().dataDir());
         writeFile(shared, "shared");
@@ -520,6 +521,18 @@ private slots:
         QCOMPARE(imported.outcome, VendorRecords::ImportOutcome::Imported);
         QCOMPARE(readFile(shared), QByteArray("shared"));
         QCOMPARE(readFile(imported.path), QByteArray("shared"));
+
+        // From another file system a rename cannot work; the file must still end up moved.
+        QTemporaryDir elsewhere(QStringLiteral("/dev/shm/ordwell-XXXXXX"));
+        if (elsewhere.isValid()) {
+            const QString chosen = elsewhere.filePath(QStringLiteral("far.rpt"));
+            writeFile(chosen, "far");
+            const auto moved =
+                VendorRecords::importReport(chosen, tc.context().dataDir(), QStringLiteral("FAR"), tc.prompter());
+            QCOMPARE(moved.outcome, VendorRecords::ImportOutcome::Imported);
+            QVERIFY(!QFileInfo::exists(chosen));
+            QCOMPARE(readFile(tc.context().dataFile(QStringLiteral("FARordform.rpt"))), QByteArray("far"));
+        }
         const auto missing = VendorRecords::importReport(tc.context().dataFile(QStringLiteral("none.rpt")),
                                                          tc.context().dataDir(), QStringLiteral("ACM"), tc.prompter());
         QCOMPARE(missing.outcome, VendorRecords::ImportOutcome::Failed);
