@@ -201,6 +201,10 @@ void SysDefaultsForm::onButton(int index) {
         LockDetails(true);
         for (QLabel* line : m_instructions)
             line->hide();
+        // Take back the room the instruction lines had, rather than leave a gap below.
+        layout()->activate();
+        if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
+            frame->resize(frame->width(), frame->sizeHint().height());
         focusOn(m_buttons.at(ExitButton));
         break;
     case CancelButton:
