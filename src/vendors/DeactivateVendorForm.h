@@ -31,6 +31,7 @@ public:
 
 protected:
     QAbstractButton* closeBoxButton() const override;
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
