@@ -127,6 +127,12 @@ private slots:
         QCOMPARE(main->windowTitle(), QStringLiteral("Ordwell"));
         QVERIFY(QTest::qWaitForWindowActive(main));
         QTRY_VERIFY(!program.context().DatabaseJustCreated);
+        // The organisation's details are asked for at once, inside the main window, and the
+        // menus stay shut (About only) until they are saved.
+        QTRY_COMPARE(main->mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(main->mdiArea()->subWindowList().first()->widget()->objectName(), QStringLiteral("frmsysdefaults"));
+        QCOMPARE(enabledEntries(*main), QStringList{"mnuabout"});
+        QCOMPARE(program.context().OpenWindowCount, 1);
         QVERIFY(prompter.unexpected.isEmpty());
     }
 
