@@ -10,7 +10,9 @@
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QLabel>
+#include <QGuiApplication>
 #include <QMdiArea>
+#include <QScreen>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -209,6 +211,9 @@ double MainWindow::twipsPerPixel() const {
 
 void MainWindow::restorePlacement() {
     if (m_context.DatabaseJustCreated) {
+        // Fill the screen even where no window manager carries out the maximise.
+        if (QScreen* screen = QGuiApplication::primaryScreen())
+            setGeometry(screen->availableGeometry());
         setWindowState(windowState() | Qt::WindowMaximized);
         return;
     }
