@@ -307,9 +307,10 @@ Status CompactDatabase(const QString& path, const QString& dataDir) {
     const QString tempPath = QFileInfo(QDir(dataDir).filePath(Store::CompactFileName)).absoluteFilePath();
     const QString leftAsItWas = QStringLiteral(" The database file has been left as it was.");
 
-    if (!QFileInfo(original).isFile())
-        return Status::fail(QStringLiteral("The database file \"%1\" does not exist.").arg(native(original)));
-    if (QFileInfo(original).canonicalFilePath() == QFileInfo(tempPath).canonicalFilePath())
+    const bool isTheTemporaryFile =
+        original == tempPath || (QFileInfo::exists(original) &&
+                                 QFileInfo(original).canonicalFilePath() == QFileInfo(tempPath).canonicalFilePath());
+    if (isTheTemporaryFile)
         return Status::fail(
             QStringLiteral("The temporary file \"%1\" cannot itself be compacted.").arg(native(original)));
     // A copy left by an earlier run that was interrupted is of no use any more.
@@ -321,6 +322,8 @@ Status CompactDatabase(const QString& path, const QString& dataDir) {
                                     .arg(native(tempPath)) +
                                 leftAsItWas);
     }
+    if (!QFileInfo(original).isFile())
+        return Status::fail(QStringLiteral("The database file \"%1\" does not exist.").arg(native(original)));
     if (openInThisProgram(original))
         return Status::fail(QStringLiteral("The database \"%1\" is still open in Ordwell.").arg(native(original)) +
                             leftAsItWas);
