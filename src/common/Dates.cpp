@@ -2,11 +2,17 @@
 
 namespace ordwell::Dates {
 
-QString toStored(const QDate& date) { return date.toString(Qt::ISODate); }
+QString toStored(const QDate& date) {
+    return date.toString(Qt::ISODate);
+}
 
-QString toStored(const QDateTime& dateTime) { return dateTime.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")); }
+QString toStored(const QDateTime& dateTime) {
+    return dateTime.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss"));
+}
 
-QDate dateFromStored(const QString& text) { return QDate::fromString(text.left(10), Qt::ISODate); }
+QDate dateFromStored(const QString& text) {
+    return QDate::fromString(text.left(10), Qt::ISODate);
+}
 
 QDateTime dateTimeFromStored(const QString& text) {
     if (text.size() <= 10)
@@ -16,9 +22,13 @@ QDateTime dateTimeFromStored(const QString& text) {
     return QDateTime::fromString(t.left(19), Qt::ISODate);
 }
 
-QString shortDate(const QDate& date, const QLocale& locale) { return locale.toString(date, QLocale::ShortFormat); }
+QString shortDate(const QDate& date, const QLocale& locale) {
+    return locale.toString(date, QLocale::ShortFormat);
+}
 
-QString longDate(const QDate& date, const QLocale& locale) { return locale.toString(date, QLocale::LongFormat); }
+QString longDate(const QDate& date, const QLocale& locale) {
+    return locale.toString(date, QLocale::LongFormat);
+}
 
 QDate parseShortDate(const QString& text, const QLocale& locale) {
     const QString trimmed = text.trimmed();

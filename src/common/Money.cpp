@@ -54,7 +54,9 @@ std::optional<Money> Money::parse(const QString& input, const QLocale& locale) {
     return Money(negative ? -units : units);
 }
 
-Money Money::roundedToPence() const { return Money(roundDiv(m_units, 100) * 100); }
+Money Money::roundedToPence() const {
+    return Money(roundDiv(m_units, 100) * 100);
+}
 
 QString Money::toString(const QLocale& locale) const {
     const qint64 pence = roundDiv(m_units, 100);

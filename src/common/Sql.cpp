@@ -1,6 +1,5 @@
 #include "Sql.h"
 
-
 namespace ordwell::Sql {
 
 namespace {
@@ -95,9 +94,13 @@ Result<QVariant> scalar(const QSqlDatabase& db, const QString& sql, const QVaria
     return QVariant();
 }
 
-QVariant textOrNull(const QString& text) { return text.isEmpty() ? QVariant(QMetaType(QMetaType::QString)) : QVariant(text); }
+QVariant textOrNull(const QString& text) {
+    return text.isEmpty() ? QVariant(QMetaType(QMetaType::QString)) : QVariant(text);
+}
 
-Transaction::Transaction(QSqlDatabase db) : m_db(std::move(db)) { m_active = m_db.transaction(); }
+Transaction::Transaction(QSqlDatabase db) : m_db(std::move(db)) {
+    m_active = m_db.transaction();
+}
 
 Transaction::~Transaction() {
     if (m_active)
@@ -106,8 +109,8 @@ Transaction::~Transaction() {
 
 Status Transaction::commit() {
     if (!m_active)
-        return Status::fail(QStringLiteral("The change could not be started as one step: %1")
-                                .arg(m_db.lastError().databaseText()));
+        return Status::fail(
+            QStringLiteral("The change could not be started as one step: %1").arg(m_db.lastError().databaseText()));
     m_active = false;
     if (!m_db.commit()) {
         const QSqlError error = m_db.lastError();

@@ -10,7 +10,9 @@ namespace ordwell {
 AppContext::AppContext(QString dataDir, QString settingsFile, Prompter& prompter)
     : m_dataDir(std::move(dataDir)), m_settingsFile(std::move(settingsFile)), m_prompter(&prompter) {}
 
-QString AppContext::dataFile(const QString& name) const { return QDir(m_dataDir).filePath(name); }
+QString AppContext::dataFile(const QString& name) const {
+    return QDir(m_dataDir).filePath(name);
+}
 
 void AppContext::ApplyMenuMask(const QString& mask) const {
     if (m_menuHost)
@@ -28,17 +30,29 @@ std::unique_ptr<QSettings> AppContext::settings() const {
     return std::make_unique<QSettings>(QStringLiteral("Ordwell"), QStringLiteral("Ordwell"));
 }
 
-QSqlDatabase AppContext::systemDb() const { return QSqlDatabase::database(Store::SystemConnection, false); }
+QSqlDatabase AppContext::systemDb() const {
+    return QSqlDatabase::database(Store::SystemConnection, false);
+}
 
-QSqlDatabase AppContext::vendorDb() const { return QSqlDatabase::database(Store::VendorConnection, false); }
+QSqlDatabase AppContext::vendorDb() const {
+    return QSqlDatabase::database(Store::VendorConnection, false);
+}
 
-bool AppContext::hasSystemDb() const { return DatabaseFile::isOpen(Store::SystemConnection); }
+bool AppContext::hasSystemDb() const {
+    return DatabaseFile::isOpen(Store::SystemConnection);
+}
 
-bool AppContext::hasVendorDb() const { return DatabaseFile::isOpen(Store::VendorConnection); }
+bool AppContext::hasVendorDb() const {
+    return DatabaseFile::isOpen(Store::VendorConnection);
+}
 
-void AppContext::closeSystemDb() { DatabaseFile::close(Store::SystemConnection); }
+void AppContext::closeSystemDb() {
+    DatabaseFile::close(Store::SystemConnection);
+}
 
-void AppContext::closeVendorDb() { DatabaseFile::close(Store::VendorConnection); }
+void AppContext::closeVendorDb() {
+    DatabaseFile::close(Store::VendorConnection);
+}
 
 bool AppContext::takeSystemLock() {
     if (holdsSystemLock())

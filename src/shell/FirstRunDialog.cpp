@@ -52,6 +52,8 @@ FirstRunDialog::FirstRunDialog(const QStringList& agreementLines, QWidget* paren
     yes->setFocus();
 }
 
-QString FirstRunDialog::agreementText() const { return m_text->toPlainText(); }
+QString FirstRunDialog::agreementText() const {
+    return m_text->toPlainText();
+}
 
 } // namespace ordwell

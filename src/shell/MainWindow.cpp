@@ -9,12 +9,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
-#include <QLabel>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMdiArea>
-#include <QScreen>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -57,7 +57,9 @@ const QList<TopMenu>& menuTree() {
           {"mnuimpitms", "&Import Items", ""},
           {"mnuFileBarfour", "-", ""},
           {"mnubarcodes", "&Barcode Rules", "Ctrl+B"}}},
-        {"mnuvendors", "&Vendors", {{"mnuedvend", "&Add/Edit Vendor", "Ctrl+V"}, {"mnudevend", "&Deactivate Vendor", ""}}},
+        {"mnuvendors",
+         "&Vendors",
+         {{"mnuedvend", "&Add/Edit Vendor", "Ctrl+V"}, {"mnudevend", "&Deactivate Vendor", ""}}},
         {"mnureports",
          "&Reports",
          {{"mnurptoutitms", "Outstanding Items", ""}, {"mnurptOrdhist", "Order History", ""}}},
@@ -142,7 +144,9 @@ void MainWindow::updateClock() {
     m_panels[2]->setText(QLocale().toString(now.time(), QLocale::ShortFormat));
 }
 
-QAction* MainWindow::menuEntry(const QString& name) const { return m_entries.value(name); }
+QAction* MainWindow::menuEntry(const QString& name) const {
+    return m_entries.value(name);
+}
 
 void MainWindow::ApplyMenuMask(const QString& mask) {
     if (mask.size() != MenuMasks::Length)
@@ -283,9 +287,8 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!m_exiting) {
         if (m_context.OpenWindowCount >= 1) {
-            m_context.prompter().message(
-                QStringLiteral("Please close any active windows before closing the software!"), QString(),
-                MessageIcon::Exclamation);
+            m_context.prompter().message(QStringLiteral("Please close any active windows before closing the software!"),
+                                         QString(), MessageIcon::Exclamation);
             event->ignore();
             return;
         }

@@ -13,7 +13,9 @@
 
 namespace ordwell {
 
-QString SplashWindow::makerAddress() { return QStringLiteral("https://ordwell.example.org"); }
+QString SplashWindow::makerAddress() {
+    return QStringLiteral("https://ordwell.example.org");
+}
 
 SplashWindow::SplashWindow(AppContext& context, QWidget* parent)
     : QWidget(parent, Qt::Dialog | Qt::WindowStaysOnTopHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
@@ -81,7 +83,9 @@ void SplashWindow::setStatus(const QString& text) {
     m_status->repaint();
 }
 
-QString SplashWindow::status() const { return m_status->text(); }
+QString SplashWindow::status() const {
+    return m_status->text();
+}
 
 void SplashWindow::showEvent(QShowEvent* event) {
     m_exit->setVisible(!ShowAsSplash);

@@ -20,8 +20,7 @@ void restrictToOwner(const QString& path, bool isFolder) {
 namespace {
 
 QString cannotCreate(const QString& path, const QString& why) {
-    return QStringLiteral("The database \"%1\" could not be created.\n%2")
-        .arg(QDir::toNativeSeparators(path), why);
+    return QStringLiteral("The database \"%1\" could not be created.\n%2").arg(QDir::toNativeSeparators(path), why);
 }
 
 Status buildInto(const QString& tempPath, const Schema& schema) {
@@ -79,7 +78,8 @@ Status create(const QString& path, const Schema& schema) {
 Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bool readOnly) {
     close(connectionName);
     if (!QFileInfo(path).isFile())
-        return Status::fail(QStringLiteral("The database file \"%1\" does not exist.").arg(QDir::toNativeSeparators(path)));
+        return Status::fail(
+            QStringLiteral("The database file \"%1\" does not exist.").arg(QDir::toNativeSeparators(path)));
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
     db.setDatabaseName(path);
     QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000");
@@ -90,8 +90,8 @@ Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bo
         const QString why = db.lastError().text();
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(connectionName);
-        return Status::fail(QStringLiteral("The database \"%1\" could not be opened: %2")
-                                .arg(QDir::toNativeSeparators(path), why));
+        return Status::fail(
+            QStringLiteral("The database \"%1\" could not be opened: %2").arg(QDir::toNativeSeparators(path), why));
     }
     // SQLite opens any file lazily; reading the catalogue proves it is a database.
     auto check = Sql::scalar(db, QStringLiteral("SELECT count(*) FROM sqlite_master"));
@@ -99,7 +99,8 @@ Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bo
         db.close();
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(connectionName);
-        return Status::fail(QStringLiteral("The file \"%1\" is not a usable database.").arg(QDir::toNativeSeparators(path)));
+        return Status::fail(
+            QStringLiteral("The file \"%1\" is not a usable database.").arg(QDir::toNativeSeparators(path)));
     }
     return db;
 }

@@ -38,7 +38,9 @@ const TableDef* Schema::table(const QString& name) const {
 
 namespace {
 
-QString quoted(const QString& identifier) { return QLatin1Char('"') + identifier + QLatin1Char('"'); }
+QString quoted(const QString& identifier) {
+    return QLatin1Char('"') + identifier + QLatin1Char('"');
+}
 
 // The column text for one field. Text compares without regard to case, as the file
 // databases this layout comes from did, so "abc" and "ABC" are the same key.
@@ -87,7 +89,8 @@ QString Schema::createTableStatement(const TableDef& table) {
     }
     if (!table.primaryKey.isEmpty() && !keyInColumn)
         parts << QStringLiteral("CONSTRAINT PrimaryKey PRIMARY KEY (%1)").arg(quoted(table.primaryKey));
-    return QStringLiteral("CREATE TABLE %1 (\n  %2\n) STRICT").arg(quoted(table.name), parts.join(QStringLiteral(",\n  ")));
+    return QStringLiteral("CREATE TABLE %1 (\n  %2\n) STRICT")
+        .arg(quoted(table.name), parts.join(QStringLiteral(",\n  ")));
 }
 
 QStringList Schema::createStatements() const {
@@ -98,7 +101,8 @@ QStringList Schema::createStatements() const {
             QStringList cols;
             for (const QString& c : index.columns)
                 cols << quoted(c);
-            statements << QStringLiteral("CREATE INDEX %1 ON %2 (%3)").arg(quoted(index.name), quoted(t.name), cols.join(QLatin1Char(',')));
+            statements << QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
+                              .arg(quoted(index.name), quoted(t.name), cols.join(QLatin1Char(',')));
         }
     }
     return statements;

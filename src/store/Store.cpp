@@ -8,9 +8,13 @@
 
 namespace ordwell::Store {
 
-QString systemDatabasePath(const QString& dataDir) { return QDir(dataDir).filePath(SystemFileName); }
+QString systemDatabasePath(const QString& dataDir) {
+    return QDir(dataDir).filePath(SystemFileName);
+}
 
-QString vendorFileName(const QString& code) { return code.trimmed() + QStringLiteral("vendor.mdb"); }
+QString vendorFileName(const QString& code) {
+    return code.trimmed() + QStringLiteral("vendor.mdb");
+}
 
 QString vendorDatabasePath(const QString& dataDir, const QString& code) {
     return QDir(dataDir).filePath(vendorFileName(code));
@@ -28,7 +32,8 @@ Status CreateVendorDatabase(const QString& dataDir, const QString& code) {
     return DatabaseFile::create(vendorDatabasePath(dataDir, code), vendorSchema());
 }
 
-Result<QSqlDatabase> OpenVendorDatabase(const QString& dataDir, const QString& fileName, const QString& connectionName) {
+Result<QSqlDatabase> OpenVendorDatabase(const QString& dataDir, const QString& fileName,
+                                        const QString& connectionName) {
     return DatabaseFile::open(connectionName, QDir(dataDir).filePath(fileName));
 }
 

@@ -5,9 +5,9 @@
 namespace ordwell::VendorRepository {
 
 Result<QList<VendorEntry>> activeVendors(const QSqlDatabase& systemDb) {
-    auto query = Sql::exec(systemDb,
-                           QStringLiteral("SELECT vendor, code, status FROM vendors WHERE status = ? ORDER BY code"),
-                           {QStringLiteral("A")});
+    auto query =
+        Sql::exec(systemDb, QStringLiteral("SELECT vendor, code, status FROM vendors WHERE status = ? ORDER BY code"),
+                  {QStringLiteral("A")});
     if (!query)
         return query.status();
     QList<VendorEntry> list;
@@ -29,8 +29,8 @@ Status addVendor(const QSqlDatabase& systemDb, const QString& name, const QStrin
     Status s = Sql::run(systemDb, QStringLiteral("INSERT INTO vendors (vendor, code, status) VALUES (?, ?, ?)"),
                         {name, code, QStringLiteral("A")}, &why);
     if (!s && why == Sql::Refusal::Duplicate)
-        return Status::fail(QStringLiteral("A vendor called \"%1\" already exists, please enter a different company name.")
-                                .arg(name));
+        return Status::fail(
+            QStringLiteral("A vendor called \"%1\" already exists, please enter a different company name.").arg(name));
     return s;
 }
 
@@ -39,7 +39,8 @@ Status removeVendor(const QSqlDatabase& systemDb, const QString& code) {
 }
 
 Status deactivateVendor(const QSqlDatabase& systemDb, const QString& code) {
-    return Sql::run(systemDb, QStringLiteral("UPDATE vendors SET status = ? WHERE code = ?"), {QStringLiteral("D"), code});
+    return Sql::run(systemDb, QStringLiteral("UPDATE vendors SET status = ? WHERE code = ?"),
+                    {QStringLiteral("D"), code});
 }
 
 } // namespace ordwell::VendorRepository

@@ -10,8 +10,8 @@ namespace ordwell {
 
 // One row of the system database's list of vendors.
 struct VendorEntry {
-    QString name; // company name, the key
-    QString code; // three-character shortcode
+    QString name;   // company name, the key
+    QString code;   // three-character shortcode
     QString status; // "A" active, "D" deactivated
 
     // "ABC - Acme Ltd", as the choosing lists show it.

@@ -18,12 +18,12 @@
 #include <QLineEdit>
 #include <QLockFile>
 #include <QMdiArea>
-#include <QMenu>
-#include <QSqlQuery>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
+#include <QSqlQuery>
 #include <QTest>
 
 using namespace ordwell;
@@ -97,7 +97,8 @@ private slots:
         QCOMPARE(o.settingsFile, QStringLiteral("/s.ini"));
         QCOMPARE(o.splashMs, 0);
         QCOMPARE(parseOptions({QStringLiteral("ordwell")}).splashMs, 1000);
-        QVERIFY(!parseOptions({QStringLiteral("ordwell"), QStringLiteral("--splash-ms"), QStringLiteral("-5")}).error.isEmpty());
+        QVERIFY(!parseOptions({QStringLiteral("ordwell"), QStringLiteral("--splash-ms"), QStringLiteral("-5")})
+                     .error.isEmpty());
         QVERIFY(!parseOptions({QStringLiteral("ordwell"), QStringLiteral("--bogus")}).error.isEmpty());
         QVERIFY(parseOptions({QStringLiteral("ordwell"), QStringLiteral("--version")}).showVersion);
     }
@@ -110,10 +111,10 @@ private slots:
         Program program(folders.options(), &prompter);
         QVERIFY(program.start());
         QCOMPARE(answerer.answered(), 1);
-        QCOMPARE(program.startupCaptions(),
-                 QStringList({QStringLiteral("Checking system database..."), QStringLiteral("Creating database..."),
-                              QStringLiteral("Creating database defaults..."),
-                              QStringLiteral("Opening the database...")}));
+        QCOMPARE(
+            program.startupCaptions(),
+            QStringList({QStringLiteral("Checking system database..."), QStringLiteral("Creating database..."),
+                         QStringLiteral("Creating database defaults..."), QStringLiteral("Opening the database...")}));
         // The shipped agreement was installed and shown, a line break after each line.
         QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("EULA.txt"))));
         QVERIFY(agreement.startsWith(QStringLiteral("ORDWELL END-USER LICENCE AGREEMENT\n")));
@@ -207,9 +208,8 @@ private slots:
             QCOMPARE(main->pos(), QPoint(qRound(1000 / tpp), qRound(1000 / tpp)));
             QCOMPARE(main->size(), QSize(qRound(6500 / tpp), qRound(6500 / tpp)));
             QVERIFY(QTest::qWaitForWindowActive(main));
-            QTRY_COMPARE(enabledEntries(*main),
-                         QStringList({"mnuswven", "mnuabout", "mnuFileExit", "mnuedvend", "mnudevend",
-                                      "mnusysdefault", "mnucompsys"}));
+            QTRY_COMPARE(enabledEntries(*main), QStringList({"mnuswven", "mnuabout", "mnuFileExit", "mnuedvend",
+                                                             "mnudevend", "mnusysdefault", "mnucompsys"}));
             QCOMPARE(main->findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text(),
                      QStringLiteral("No Vendor Selected"));
             main->move(120, 90);
@@ -301,7 +301,8 @@ private slots:
         QVERIFY(!program.start());
         QVERIFY(!program.mainWindow());
         QCOMPARE(prompter.texts(),
-                 QStringList{QStringLiteral("There is a problem with the system database, please check the system database")});
+                 QStringList{
+                     QStringLiteral("There is a problem with the system database, please check the system database")});
         QCOMPARE(prompter.messages.first().icon, MessageIcon::Critical);
         QCOMPARE(prompter.messages.first().title, QString());
         QVERIFY(!QFileInfo::exists(folders.dataFile(QStringLiteral("Ordwell.ldb"))));
@@ -311,12 +312,12 @@ private slots:
         QTest::addColumn<QString>("mask");
         QTest::addColumn<QStringList>("enabled");
         QTest::newRow("no vendor") << MenuMasks::NoVendor
-                                   << QStringList{"mnuswven", "mnuabout",  "mnuFileExit", "mnuedvend",
+                                   << QStringList{"mnuswven",  "mnuabout",      "mnuFileExit", "mnuedvend",
                                                   "mnudevend", "mnusysdefault", "mnucompsys"};
         QTest::newRow("vendor open") << MenuMasks::VendorOpen
-                                     << QStringList{"mnuswven",      "mnuabout",      "mnuFileExit", "mnuNewOrd",
-                                                    "mnuLdOrd",      "mnuprtord",     "mnuexpord",   "mnuRcvOrd",
-                                                    "mnueditms",     "mnuimpitms",    "mnubarcodes", "mnurptoutitms",
+                                     << QStringList{"mnuswven",      "mnuabout",   "mnuFileExit", "mnuNewOrd",
+                                                    "mnuLdOrd",      "mnuprtord",  "mnuexpord",   "mnuRcvOrd",
+                                                    "mnueditms",     "mnuimpitms", "mnubarcodes", "mnurptoutitms",
                                                     "mnurptOrdhist", "mnucompvend"};
         QTest::newRow("system window") << MenuMasks::SystemWindow << QStringList{"mnuabout"};
         QTest::newRow("vendor window") << MenuMasks::VendorWindow
@@ -349,7 +350,7 @@ private slots:
         test::TestContext tc;
         MainWindow main(tc.context());
         main.ApplyMenuMask(MenuMasks::NoVendor);
-        main.ApplyMenuMask(QStringLiteral("0101010101010101x1")); // 18: the last two leave entries alone
+        main.ApplyMenuMask(QStringLiteral("0101010101010101x1"));             // 18: the last two leave entries alone
         main.ApplyMenuMask(QString(18, QLatin1Char('1')) + QLatin1Char('0')); // 19 characters
         QCOMPARE(tc.prompter().texts(), QStringList(2, QStringLiteral("The menu option is the wrong length")));
         QCOMPARE(tc.prompter().messages.first().icon, MessageIcon::None);
@@ -395,8 +396,8 @@ private slots:
         const FileRequest imports = FileChooser::requestFor(FileChooser::ImportFiles, ctx.DesktopPath);
         QCOMPARE(imports.title, QStringLiteral("Open File"));
         QCOMPARE(imports.startFolder, tc.folders().desktopDir());
-        QCOMPARE(imports.filters, QStringList({QStringLiteral("Comma Seperated Variable (*.csv)"),
-                                               QStringLiteral("Text File(*.txt)")}));
+        QCOMPARE(imports.filters,
+                 QStringList({QStringLiteral("Comma Seperated Variable (*.csv)"), QStringLiteral("Text File(*.txt)")}));
         QVERIFY(imports.mustExist);
         QCOMPARE(FileChooser::requestFor(FileChooser::ReportFiles, ctx.DesktopPath).filters,
                  QStringList{QStringLiteral("Report File (*.rpt)")});
@@ -459,7 +460,8 @@ private slots:
         QVERIFY(about->findChild<QPushButton*>(QStringLiteral("Command1"))->isVisible());
         QVERIFY(about->findChild<QPushButton*>(QStringLiteral("cmdie"))->isVisible());
         QVERIFY(!about->findChild<QLabel*>(QStringLiteral("Label3"))->isVisible());
-        QCOMPARE(about->findChild<QLabel*>(QStringLiteral("label1"))->text(), QStringLiteral("Ordwell v") + versionText());
+        QCOMPARE(about->findChild<QLabel*>(QStringLiteral("label1"))->text(),
+                 QStringLiteral("Ordwell v") + versionText());
         QCOMPARE(tc.context().OpenWindowCount, 0); // About is not a tool window
         test::clickButton(about, QStringLiteral("Command1"));
         QVERIFY(!about->isVisible());

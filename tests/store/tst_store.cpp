@@ -16,8 +16,16 @@ const QString Ins = QStringLiteral(
     "VALUES (?,?,?,?,?,?,?,?,?,?,?)");
 
 QVariantList sysset(const QString& location) {
-    return {location, QVariant(), QStringLiteral("1 High St"), QVariant(), QVariant(), QStringLiteral("Kent"),
-            QStringLiteral("CT1 1AA"), QStringLiteral("Ann"), QStringLiteral("01234 567890"), QVariant(),
+    return {location,
+            QVariant(),
+            QStringLiteral("1 High St"),
+            QVariant(),
+            QVariant(),
+            QStringLiteral("Kent"),
+            QStringLiteral("CT1 1AA"),
+            QStringLiteral("Ann"),
+            QStringLiteral("01234 567890"),
+            QVariant(),
             QStringLiteral("ann@example.org")};
 }
 } // namespace
@@ -68,10 +76,13 @@ private slots:
         }
 
         const QString vendor = QStringLiteral("INSERT INTO vendors (vendor, code, status) VALUES (?,?,?)");
-        QVERIFY(Sql::run(*db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("OBS"), QStringLiteral("A")}));
-        QVERIFY(!Sql::run(*db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("XYZ"), QStringLiteral("A")}, &why));
+        QVERIFY(
+            Sql::run(*db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("OBS"), QStringLiteral("A")}));
+        QVERIFY(!Sql::run(*db, vendor,
+                          {QStringLiteral("O'Brien's Supplies"), QStringLiteral("XYZ"), QStringLiteral("A")}, &why));
         QCOMPARE(why, Sql::Refusal::Duplicate);
-        QVERIFY(!Sql::run(*db, vendor, {QStringLiteral("Long Code Ltd"), QStringLiteral("ABCDE"), QStringLiteral("A")}, &why));
+        QVERIFY(!Sql::run(*db, vendor, {QStringLiteral("Long Code Ltd"), QStringLiteral("ABCDE"), QStringLiteral("A")},
+                          &why));
         QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
         DatabaseFile::close(Store::SystemConnection);
     }
@@ -91,7 +102,8 @@ private slots:
         QCOMPARE(db->record(QStringLiteral("orderline")).count(), 10);
 
         // Rule numbers come from a counter starting at 1.
-        const QString rule = QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)");
+        const QString rule =
+            QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)");
         QVERIFY(Sql::run(*db, rule, {QStringLiteral("99"), 2, 1, QStringLiteral("A")}));
         QVERIFY(Sql::run(*db, rule, {QStringLiteral("98"), 0, 0, QStringLiteral("A")}));
         QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT min(codenum) FROM barcodes")).value().toInt(), 1);
@@ -101,25 +113,46 @@ private slots:
         const QString line = QStringLiteral(
             "INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty) "
             "VALUES (?,?,?,?,?,?,?,?,?)");
-        const QVariantList l = {QStringLiteral("ABC1000000"), 1, QStringLiteral("X1"), QStringLiteral("2026-11-23"),
-                                QStringLiteral("L"), 2, 15000, 30000, 0};
+        const QVariantList l = {QStringLiteral("ABC1000000"),
+                                1,
+                                QStringLiteral("X1"),
+                                QStringLiteral("2026-11-23"),
+                                QStringLiteral("L"),
+                                2,
+                                15000,
+                                30000,
+                                0};
         const Status first = Sql::run(*db, line, l);
         QVERIFY2(first, qPrintable(first.message()));
         QVERIFY(Sql::run(*db, line, l));
 
         Sql::Refusal why = Sql::Refusal::None;
-        const QString item = QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)");
-        QVERIFY(Sql::run(*db, item, {QString(25, QLatin1Char('A')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}));
-        QVERIFY(!Sql::run(*db, item, {QString(26, QLatin1Char('B')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}, &why));
+        const QString item =
+            QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)");
+        QVERIFY(Sql::run(
+            *db, item,
+            {QString(25, QLatin1Char('A')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}));
+        QVERIFY(!Sql::run(
+            *db, item,
+            {QString(26, QLatin1Char('B')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")},
+            &why));
         QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
-        QVERIFY(!Sql::run(*db, item, {QStringLiteral("C1"), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("not a date")}, &why));
+        QVERIFY(!Sql::run(*db, item,
+                          {QStringLiteral("C1"), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("not a date")},
+                          &why));
         QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
         QVERIFY(!Sql::run(*db, item, {QStringLiteral("C2"), QStringLiteral("Widget"), 1, 1, 10000, QVariant()}, &why));
         QCOMPARE(why, Sql::Refusal::Missing);
 
-        const QString head = QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, status, totalval) VALUES (?,?,?,?,?)");
-        QVERIFY(Sql::run(*db, head, {QStringLiteral("ABC1000000"), QStringLiteral("2026-11-23"), QString(28, QLatin1Char('n')), QStringLiteral("L"), 0}));
-        QVERIFY(!Sql::run(*db, head, {QStringLiteral("ABC1000001"), QStringLiteral("2026-11-23"), QString(29, QLatin1Char('n')), QStringLiteral("L"), 0}, &why));
+        const QString head =
+            QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, status, totalval) VALUES (?,?,?,?,?)");
+        QVERIFY(Sql::run(*db, head,
+                         {QStringLiteral("ABC1000000"), QStringLiteral("2026-11-23"), QString(28, QLatin1Char('n')),
+                          QStringLiteral("L"), 0}));
+        QVERIFY(!Sql::run(*db, head,
+                          {QStringLiteral("ABC1000001"), QStringLiteral("2026-11-23"), QString(29, QLatin1Char('n')),
+                           QStringLiteral("L"), 0},
+                          &why));
         QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
         DatabaseFile::close(Store::VendorConnection);
     }

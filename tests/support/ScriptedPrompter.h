@@ -34,7 +34,11 @@ public:
 
     QStringList texts() const;
     QString lastText() const { return messages.isEmpty() ? QString() : messages.last().text; }
-    void clear() { messages.clear(); fileRequests.clear(); unexpected.clear(); }
+    void clear() {
+        messages.clear();
+        fileRequests.clear();
+        unexpected.clear();
+    }
 
 private:
     QQueue<MessageAnswer> m_answers;

@@ -39,10 +39,18 @@ TestFolders::TestFolders() {
     root.mkpath(QStringLiteral("desktop"));
 }
 
-QString TestFolders::dataDir() const { return QDir(m_root.path()).filePath(QStringLiteral("data")); }
-QString TestFolders::desktopDir() const { return QDir(m_root.path()).filePath(QStringLiteral("desktop")); }
-QString TestFolders::settingsFile() const { return QDir(m_root.path()).filePath(QStringLiteral("settings.ini")); }
-QString TestFolders::dataFile(const QString& name) const { return QDir(dataDir()).filePath(name); }
+QString TestFolders::dataDir() const {
+    return QDir(m_root.path()).filePath(QStringLiteral("data"));
+}
+QString TestFolders::desktopDir() const {
+    return QDir(m_root.path()).filePath(QStringLiteral("desktop"));
+}
+QString TestFolders::settingsFile() const {
+    return QDir(m_root.path()).filePath(QStringLiteral("settings.ini"));
+}
+QString TestFolders::dataFile(const QString& name) const {
+    return QDir(dataDir()).filePath(name);
+}
 
 Options TestFolders::options() const {
     Options o;
@@ -91,7 +99,9 @@ ModalAnswerer::ModalAnswerer(std::function<void(QWidget*)> answer) : d(std::make
 
 ModalAnswerer::~ModalAnswerer() = default;
 
-int ModalAnswerer::answered() const { return d->count; }
+int ModalAnswerer::answered() const {
+    return d->count;
+}
 
 void clickButton(QWidget* dialog, const QString& objectName) {
     auto* button = dialog->findChild<QAbstractButton*>(objectName);
