@@ -319,12 +319,18 @@ void MainWindow::exitProgram() {
 }
 
 void MainWindow::showAbout() {
-    auto* about = new SplashWindow(m_context);
-    about->setAttribute(Qt::WA_DeleteOnClose);
-    about->ShowAsSplash = false;
-    about->show();
-    about->repaint();
-    about->setStatus(QString());
+    // One About window: asking again brings it forward.
+    if (m_about) {
+        m_about->raise();
+        m_about->activateWindow();
+        return;
+    }
+    m_about = new SplashWindow(m_context);
+    m_about->setAttribute(Qt::WA_DeleteOnClose);
+    m_about->ShowAsSplash = false;
+    m_about->show();
+    m_about->repaint();
+    m_about->setStatus(QString());
 }
 
 void CloseAllWindows() {

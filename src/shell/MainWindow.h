@@ -14,6 +14,7 @@ class QMenu;
 
 namespace ordwell {
 
+class SplashWindow;
 class ToolWindow;
 
 // frmMain: the one top-level window. Hosts the tool windows, owns the menu tree and its enable
@@ -70,6 +71,7 @@ private:
     QList<QAction*> m_maskedEntries;
     QHash<QString, std::function<void()>> m_handlers;
     QLabel* m_panels[3] = {nullptr, nullptr, nullptr};
+    QPointer<SplashWindow> m_about;
     bool m_activated = false;
     bool m_exiting = false;
 };

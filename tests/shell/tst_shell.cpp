@@ -463,6 +463,11 @@ private slots:
         QCOMPARE(about->findChild<QLabel*>(QStringLiteral("label1"))->text(),
                  QStringLiteral("Ordwell v") + versionText());
         QCOMPARE(tc.context().OpenWindowCount, 0); // About is not a tool window
+        main.triggerMenu(QStringLiteral("mnuabout"));
+        int shown = 0;
+        for (QWidget* w : QApplication::topLevelWidgets())
+            shown += w->objectName() == QLatin1String("frmsplash") && w->isVisible();
+        QCOMPARE(shown, 1);
         test::clickButton(about, QStringLiteral("Command1"));
         QVERIFY(!about->isVisible());
     }
