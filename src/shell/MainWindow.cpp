@@ -89,6 +89,8 @@ MainWindow::MainWindow(AppContext& context, QWidget* parent) : QMainWindow(paren
     buildStatusBar();
     m_context.setMenuHost(this);
     restorePlacement();
+    // The desktop session ending is not the user closing the window: that close is let through.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { m_sessionEnding = true; });
 }
 
 MainWindow::~MainWindow() {
@@ -286,7 +288,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!m_exiting) {
-        if (m_context.OpenWindowCount >= 1) {
+        if (m_context.OpenWindowCount >= 1 && !m_sessionEnding) {
             m_context.prompter().message(QStringLiteral("Please close any active windows before closing the software!"),
                                          QString(), MessageIcon::Exclamation);
             event->ignore();

@@ -74,6 +74,7 @@ private:
     QPointer<SplashWindow> m_about;
     bool m_activated = false;
     bool m_exiting = false;
+    bool m_sessionEnding = false;
 };
 
 // Closes every top-level window, the main window included; the program ends with the last.
