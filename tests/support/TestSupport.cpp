@@ -1,13 +1,18 @@
 #include "TestSupport.h"
 
+#include "settings/OrganisationDetails.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuWiring.h"
 #include "store/Store.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QLocale>
 #include <QPointer>
 #include <QSet>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -115,6 +120,37 @@ void clickButton(QWidget* dialog, const QString& objectName) {
 void pressEnter(QWidget* widget) {
     widget->setFocus();
     QTest::keyClick(widget, Qt::Key_Return);
+}
+
+QByteArray fileContents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+void storeOrganisationDetails(AppContext& context) {
+    OrganisationDetails d;
+    const char* values[DetailsFieldCount] = {"Head Office",  "", "1 High St",      "", "", "Kent", "CT11AA", "Ann",
+                                             "01234 567890", "", "ann@example.org"};
+    for (int field = 0; field < DetailsFieldCount; ++field)
+        d[field] = QString::fromLatin1(values[field]);
+    if (!OrganisationDetailsStore(context.systemDb()).save(d))
+        qFatal("cannot store the organisation's details");
+}
+
+std::unique_ptr<MainWindow> openMainWindow(AppContext& context) {
+    auto window = std::make_unique<MainWindow>(context);
+    wireMenus(*window, context);
+    QSignalSpy ready(window.get(), &MainWindow::firstActivated);
+    window->show();
+    window->activateWindow();
+    if (ready.isEmpty() && !ready.wait(5000))
+        qWarning("the main window never became active");
+    return window;
 }
 
 } // namespace ordwell::test

@@ -12,6 +12,10 @@
 class QAbstractButton;
 class QLineEdit;
 
+namespace ordwell {
+class MainWindow;
+}
+
 namespace ordwell::test {
 
 // Fixes the locale every test expects (en_GB) and keeps tests out of the real settings.
@@ -74,5 +78,16 @@ void clickButton(QWidget* dialog, const QString& objectName);
 
 // Presses Enter in a line edit the way a user or a scanner would.
 void pressEnter(QWidget* widget);
+
+// The whole of a file, or nothing when it cannot be read; and a file written whole.
+QByteArray fileContents(const QString& path);
+bool writeFile(const QString& path, const QByteArray& content);
+
+// Stores an organisation's details, so the main window does not ask for them first.
+void storeOrganisationDetails(AppContext& context);
+
+// The main window with its menus wired, shown and past its first activation (which sets the
+// menus, or opens the system defaults window while the organisation's details are missing).
+std::unique_ptr<MainWindow> openMainWindow(AppContext& context);
 
 } // namespace ordwell::test

@@ -1,7 +1,5 @@
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
-#include "shell/MenuWiring.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
 #include "vendors/DeactivateVendorForm.h"
@@ -10,109 +8,79 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QCryptographicHash>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace ordwell;
-using test::TestContext;
 
 namespace {
 
-const QString ErrorTitle = QStringLiteral("Deactivation Error");
-const QString NotConfirmed = QStringLiteral("To deactivate this vendor please type in 'KILLVENDOR'");
 const QString NoneChosen = QStringLiteral("Please select a vendor to deactivate");
 const QString NoneLeft = QStringLiteral("There are no active vendors to deactivate");
+const QString Obs = QStringLiteral("OBS - O'Brien's Supplies");
 
-QByteArray fileHash(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256);
-}
-
-QString statusOf(AppContext& ctx, const QString& code) {
-    return Sql::scalar(ctx.systemDb(), QStringLiteral("SELECT status FROM vendors WHERE code = ?"), {code})
-        .value()
-        .toString();
-}
-
-// The main window with its menus wired, the organisation's details present and some vendors,
-// each with its own database file.
+// The main window over two vendors, each with its own database file (some perhaps deactivated
+// already), and the deactivation window opened from its menu as the user does.
 class Session {
 public:
-    explicit Session(const QList<QPair<QString, QString>>& vendors) {
-        AppContext& ctx = m_tc.context();
-        Sql::run(ctx.systemDb(),
-                 QStringLiteral("INSERT INTO Sysset (location, add1, county, postcode, contact, telephone, email) "
-                                "VALUES (?,?,?,?,?,?,?)"),
-                 {QStringLiteral("Head Office"), QStringLiteral("1 High St"), QStringLiteral("Kent"),
-                  QStringLiteral("CT1 1AA"), QStringLiteral("Ann"), QStringLiteral("01234 567890"),
-                  QStringLiteral("ann@example.org")});
-        for (const auto& [code, name] : vendors) {
-            VendorRepository::addVendor(ctx.systemDb(), name, code);
-            Store::CreateVendorDatabase(ctx.dataDir(), code);
-        }
-        m_window = std::make_unique<MainWindow>(ctx);
-        wireMenus(*m_window, ctx);
-        m_ready = std::make_unique<QSignalSpy>(m_window.get(), &MainWindow::firstActivated);
-        m_window->resize(900, 600);
-        m_window->show();
-        m_window->activateWindow();
+    explicit Session(const QStringList& inactive = {}) {
+        test::storeOrganisationDetails(ctx());
+        VendorRepository::addVendor(ctx().systemDb(), QStringLiteral("O'Brien's Supplies"), QStringLiteral("OBS"));
+        VendorRepository::addVendor(ctx().systemDb(), QStringLiteral("Acme Ltd"), QStringLiteral("ABC"));
+        Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("OBS"));
+        for (const QString& code : inactive)
+            VendorRepository::deactivateVendor(ctx().systemDb(), code);
+        m_window = test::openMainWindow(ctx());
+        m_window->triggerMenu(QStringLiteral("mnudevend"));
+        form = m_window->findChild<DeactivateVendorForm*>(QStringLiteral("frmdeactvend"));
     }
 
     AppContext& ctx() { return m_tc.context(); }
     test::ScriptedPrompter& prompter() { return m_tc.prompter(); }
-    MainWindow& window() { return *m_window; }
     bool enabled(const char* entry) { return m_window->menuEntry(QString::fromLatin1(entry))->isEnabled(); }
-
-    // Opens the window from the menu, as the user does.
-    DeactivateVendorForm* open() {
-        // The main window sets its menus once it has first become active; open after that.
-        if (!m_ready->count() && !m_ready->wait(5000))
-            qWarning("the main window never became active");
-        m_window->triggerMenu(QStringLiteral("mnudevend"));
-        return m_window->findChild<DeactivateVendorForm*>(QStringLiteral("frmdeactvend"));
+    // Every vendor's status letter, in code order: a deactivated vendor keeps its row.
+    QString statuses() {
+        return Sql::scalar(
+                   ctx().systemDb(),
+                   QStringLiteral("SELECT group_concat(status, '') FROM (SELECT status FROM vendors ORDER BY code)"))
+            .value()
+            .toString();
     }
 
-private:
-    TestContext m_tc;
+    QComboBox* list() { return test::child<QComboBox>(form, QStringLiteral("cmbvendors")); }
+    QLineEdit* confirmation() { return test::child<QLineEdit>(form, QStringLiteral("txtdeactvend")); }
+    QPushButton* button(int i) { return test::child<QPushButton>(form, QStringLiteral("cmdbutton_%1").arg(i)); }
+    QStringList entries() {
+        QStringList out;
+        for (int i = 0; i < list()->count(); ++i)
+            out << list()->itemText(i);
+        return out;
+    }
+    // Chooses an entry, types the confirmation and presses De-activate.
+    void request(const QString& entry, const QString& typed) {
+        prompter().clear();
+        list()->setCurrentIndex(list()->findText(entry));
+        confirmation()->clear();
+        QTest::keyClicks(confirmation(), typed);
+        QTest::mouseClick(button(0), Qt::LeftButton);
+    }
+    // The window is gone and the main menu is back as it is with no vendor open.
+    void expectClosed() {
+        QTRY_VERIFY(form.isNull());
+        QCOMPARE(ctx().OpenWindowCount, 0);
+        QVERIFY(m_window->mdiArea()->subWindowList().isEmpty());
+        QVERIFY(enabled("mnuswven") && enabled("mnudevend") && !enabled("mnuNewOrd"));
+    }
+
+    test::TestContext m_tc;
     std::unique_ptr<MainWindow> m_window;
-    std::unique_ptr<QSignalSpy> m_ready;
+    QPointer<DeactivateVendorForm> form;
 };
-
-QComboBox* vendorList(QWidget* form) {
-    return test::child<QComboBox>(form, QStringLiteral("cmbvendors"));
-}
-QLineEdit* confirmation(QWidget* form) {
-    return test::child<QLineEdit>(form, QStringLiteral("txtdeactvend"));
-}
-QPushButton* button(QWidget* form, int index) {
-    return test::child<QPushButton>(form, QStringLiteral("cmdbutton_%1").arg(index));
-}
-
-QStringList entries(QComboBox* list) {
-    QStringList out;
-    for (int i = 0; i < list->count(); ++i)
-        out << list->itemText(i);
-    return out;
-}
-
-// Chooses an entry and types the confirmation the way a user does, then presses De-activate.
-void request(QWidget* form, const QString& entry, const QString& typed) {
-    QComboBox* list = vendorList(form);
-    list->setCurrentIndex(list->findText(entry));
-    confirmation(form)->clear();
-    QTest::keyClicks(confirmation(form), typed);
-    QTest::mouseClick(button(form, 0), Qt::LeftButton);
-}
 
 } // namespace
 
@@ -122,136 +90,86 @@ private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
     void refusesAnythingButTheExactWord() {
-        Session s({{QStringLiteral("OBS"), QStringLiteral("O'Brien's Supplies")},
-                   {QStringLiteral("ABC"), QStringLiteral("Acme Ltd")}});
-        DeactivateVendorForm* form = s.open();
-        QVERIFY(form);
-        QCOMPARE(form->windowTitle(), QStringLiteral("Select a Vendor to Deactivate"));
-        QCOMPARE(test::child<QLabel>(form, QStringLiteral("lblinfo"))->text(), NoneChosen);
-        QCOMPARE(test::child<QLabel>(form, QStringLiteral("lblinstr"))->text(),
-                 QStringLiteral("Type in KILLVENDOR to deactivate the vendor"));
-        QCOMPARE(button(form, 0)->text(), QStringLiteral("De-activate"));
-        QCOMPARE(button(form, 1)->text(), QStringLiteral("&Exit"));
-        QComboBox* list = vendorList(form);
-        QVERIFY(!list->isEditable());
-        QCOMPARE(entries(list),
-                 (QStringList{QStringLiteral("ABC - Acme Ltd"), QStringLiteral("OBS - O'Brien's Supplies")}));
-        QCOMPARE(list->currentIndex(), -1);
-        QCOMPARE(list->currentText(), QString());
+        Session s;
+        QVERIFY(s.form);
+        const QStringList captions = {s.form->windowTitle(), test::child<QLabel>(s.form, "lblinfo")->text(),
+                                      test::child<QLabel>(s.form, "lblinstr")->text(), s.button(0)->text(),
+                                      s.button(1)->text()};
+        QCOMPARE(captions, (QStringList{"Select a Vendor to Deactivate", NoneChosen,
+                                        "Type in KILLVENDOR to deactivate the vendor", "De-activate", "&Exit"}));
+        QVERIFY(!s.list()->isEditable());
+        QCOMPARE(s.entries(), (QStringList{"ABC - Acme Ltd", Obs}));
+        QCOMPARE(s.list()->currentText(), QString());
         // While it is open only About may be used.
         QCOMPARE(s.ctx().OpenWindowCount, 1);
-        QVERIFY(s.enabled("mnuabout"));
-        QVERIFY(!s.enabled("mnuswven"));
-        QVERIFY(!s.enabled("mnudevend"));
+        QVERIFY(s.enabled("mnuabout") && !s.enabled("mnuswven") && !s.enabled("mnudevend"));
 
-        request(form, QString(), QStringLiteral("KILLVENDOR"));
-        QCOMPARE(s.prompter().texts(), QStringList{NoneChosen});
-        QCOMPARE(s.prompter().messages.last().title, ErrorTitle);
-        QCOMPARE(s.prompter().messages.last().icon, MessageIcon::Exclamation);
-        QCOMPARE(confirmation(form)->text(), QString());
-
-        const QStringList wrongWords = {QStringLiteral("killvendor"), QStringLiteral(" KILLVENDOR"),
-                                        QStringLiteral("KILLVENDOR "), QStringLiteral("KILL VENDOR")};
-        for (const QString& typed : wrongWords) {
-            s.prompter().clear();
-            request(form, QStringLiteral("OBS - O'Brien's Supplies"), typed);
-            QCOMPARE(s.prompter().texts(), QStringList{NotConfirmed});
-            QCOMPARE(s.prompter().messages.last().title, ErrorTitle);
-            QCOMPARE(confirmation(form)->text(), QString());
-            QTRY_COMPARE(QApplication::focusWidget(), confirmation(form));
+        // No vendor chosen is told first; then anything but the exact word, which is wiped.
+        QString entry;
+        for (const char* typed : {"KILLVENDOR", "killvendor", " KILLVENDOR", "KILLVENDOR ", "KILL VENDOR"}) {
+            s.request(entry, QString::fromLatin1(typed));
+            QCOMPARE(
+                s.prompter().texts(),
+                QStringList{entry.isEmpty() ? NoneChosen : "To deactivate this vendor please type in 'KILLVENDOR'"});
+            QCOMPARE(s.prompter().messages.last().title, QStringLiteral("Deactivation Error"));
+            QCOMPARE(s.prompter().messages.last().icon, MessageIcon::Exclamation);
+            QCOMPARE(s.confirmation()->text(), QString());
+            entry = Obs;
         }
-        QCOMPARE(statusOf(s.ctx(), QStringLiteral("OBS")), QStringLiteral("A"));
-        QCOMPARE(statusOf(s.ctx(), QStringLiteral("ABC")), QStringLiteral("A"));
-        QCOMPARE(list->count(), 2);
+        QTRY_COMPARE(QApplication::focusWidget(), s.confirmation());
+        QCOMPARE(s.statuses(), QStringLiteral("AA"));
     }
 
     void deactivatesUntilNoneRemainThenCloses() {
-        Session s({{QStringLiteral("OBS"), QStringLiteral("O'Brien's Supplies")},
-                   {QStringLiteral("ABC"), QStringLiteral("Acme Ltd")}});
+        Session s;
         const QString obsFile = Store::vendorDatabasePath(s.ctx().dataDir(), QStringLiteral("OBS"));
-        const QByteArray obsBefore = fileHash(obsFile);
+        const QByteArray obsBefore = test::fileContents(obsFile);
         QVERIFY(!obsBefore.isEmpty());
-        QPointer<DeactivateVendorForm> form = s.open();
-        QVERIFY(form);
 
-        request(form, QStringLiteral("OBS - O'Brien's Supplies"), QStringLiteral("KILLVENDOR"));
-        QCOMPARE(s.prompter().texts(), QStringList());
-        QCOMPARE(statusOf(s.ctx(), QStringLiteral("OBS")), QStringLiteral("D"));
-        QCOMPARE(statusOf(s.ctx(), QStringLiteral("ABC")), QStringLiteral("A"));
-        QCOMPARE(entries(vendorList(form)), QStringList{QStringLiteral("ABC - Acme Ltd")});
-        QCOMPARE(vendorList(form)->currentIndex(), -1);
-        QCOMPARE(confirmation(form)->text(), QString());
-        // Kept, not deleted: the row and the vendor's own file stay as they were.
-        QCOMPARE(Sql::scalar(s.ctx().systemDb(), QStringLiteral("SELECT count(*) FROM vendors")).value().toInt(), 2);
-        QCOMPARE(fileHash(obsFile), obsBefore);
+        s.request(Obs, QStringLiteral("KILLVENDOR"));
+        QVERIFY(s.prompter().messages.isEmpty());
+        QCOMPARE(s.statuses(), QStringLiteral("AD"));
+        QCOMPARE(s.entries(), QStringList{"ABC - Acme Ltd"});
+        QCOMPARE(s.list()->currentIndex(), -1);
+        QCOMPARE(s.confirmation()->text(), QString());
+        // Kept, not deleted: the vendor's own file stays as it was.
+        QCOMPARE(test::fileContents(obsFile), obsBefore);
 
-        request(form, QStringLiteral("ABC - Acme Ltd"), QStringLiteral("KILLVENDOR"));
+        s.request(QStringLiteral("ABC - Acme Ltd"), QStringLiteral("KILLVENDOR"));
         QCOMPARE(s.prompter().texts(), QStringList{NoneLeft});
         QCOMPARE(s.prompter().messages.last().title, QStringLiteral("No Active Vendors"));
         QCOMPARE(s.prompter().messages.last().icon, MessageIcon::Exclamation);
-        QTRY_VERIFY(form.isNull());
-        QCOMPARE(s.ctx().OpenWindowCount, 0);
-        QVERIFY(s.window().mdiArea()->subWindowList().isEmpty());
-        QVERIFY(s.enabled("mnuswven"));
-        QVERIFY(s.enabled("mnudevend"));
-        QVERIFY(!s.enabled("mnuNewOrd"));
-        QCOMPARE(statusOf(s.ctx(), QStringLiteral("ABC")), QStringLiteral("D"));
-        auto active = VendorRepository::activeVendors(s.ctx().systemDb());
-        QVERIFY(active);
-        QVERIFY(active->isEmpty());
-        QCOMPARE(s.prompter().messages.size(), 1);
+        s.expectClosed();
+        QCOMPARE(s.statuses(), QStringLiteral("DD"));
     }
 
     void withNoActiveVendorsTheWindowDoesNotStay() {
-        Session s({{QStringLiteral("OLD"), QStringLiteral("Old Ltd")}});
-        QVERIFY(VendorRepository::deactivateVendor(s.ctx().systemDb(), QStringLiteral("OLD")));
-        QPointer<DeactivateVendorForm> form = s.open();
+        Session s({QStringLiteral("OBS"), QStringLiteral("ABC")});
         QCOMPARE(s.prompter().texts(), QStringList{NoneLeft});
-        QTRY_VERIFY(form.isNull());
-        QCOMPARE(s.ctx().OpenWindowCount, 0);
-        QVERIFY(s.enabled("mnuswven"));
-        QVERIFY(s.enabled("mnucompsys"));
-        // Opening it again asks again, and still nothing stays open.
-        form = s.open();
-        QTRY_VERIFY(form.isNull());
-        QCOMPARE(s.prompter().texts(), (QStringList{NoneLeft, NoneLeft}));
-        QCOMPARE(s.ctx().OpenWindowCount, 0);
+        s.expectClosed();
     }
 
-    void closeBoxLeavesLikeExit() {
-        Session s({{QStringLiteral("ABC"), QStringLiteral("Acme Ltd")}});
-        QPointer<DeactivateVendorForm> form = s.open();
-        QVERIFY(form);
-        auto* frame = qobject_cast<QMdiSubWindow*>(form->parentWidget());
-        QVERIFY(frame);
-        frame->close();
-        QTRY_VERIFY(form.isNull());
-        QCOMPARE(s.ctx().OpenWindowCount, 0);
-        QVERIFY(s.enabled("mnudevend"));
-        QCOMPARE(statusOf(s.ctx(), QStringLiteral("ABC")), QStringLiteral("A"));
-        QVERIFY(s.prompter().messages.isEmpty());
-    }
-
-    void listIsReadAgainWhenTheWindowBecomesActive() {
-        Session s({{QStringLiteral("ABC"), QStringLiteral("Acme Ltd")}});
-        QPointer<DeactivateVendorForm> form = s.open();
-        QVERIFY(form);
-        QMdiSubWindow* frame = s.window().mdiArea()->activeSubWindow();
-        QCOMPARE(frame, form->parentWidget());
-        vendorList(form)->setCurrentIndex(0);
+    void listIsReadAgainWhenTheWindowBecomesActiveAndCloseBoxExits() {
+        Session s({QStringLiteral("OBS")});
+        QMdiArea* area = s.m_window->mdiArea();
+        QMdiSubWindow* frame = area->activeSubWindow();
+        QCOMPARE(frame, s.form->parentWidget());
+        s.list()->setCurrentIndex(0);
 
         QVERIFY(VendorRepository::addVendor(s.ctx().systemDb(), QStringLiteral("Newco"), QStringLiteral("NEW")));
-        QMdiSubWindow* other = s.window().mdiArea()->addSubWindow(new QLabel(QStringLiteral("another window")));
+        QMdiSubWindow* other = area->addSubWindow(new QLabel(QStringLiteral("another window")));
         other->show();
-        s.window().mdiArea()->setActiveSubWindow(other);
-        QCOMPARE(vendorList(form)->count(), 1);
-        s.window().mdiArea()->setActiveSubWindow(frame);
-        QCOMPARE(entries(vendorList(form)),
-                 (QStringList{QStringLiteral("ABC - Acme Ltd"), QStringLiteral("NEW - Newco")}));
-        QCOMPARE(vendorList(form)->currentIndex(), -1);
-        other->close();
-        button(form, 1)->click();
-        QTRY_VERIFY(form.isNull());
+        area->setActiveSubWindow(other);
+        QCOMPARE(s.list()->count(), 1);
+        area->setActiveSubWindow(frame);
+        QCOMPARE(s.entries(), (QStringList{"ABC - Acme Ltd", "NEW - Newco"}));
+        QCOMPARE(s.list()->currentIndex(), -1);
+        delete other;
+
+        frame->close();
+        s.expectClosed();
+        QCOMPARE(s.statuses(), QStringLiteral("AAD"));
+        QVERIFY(s.prompter().messages.isEmpty());
     }
 };
 
