@@ -18,6 +18,24 @@ QString itemCode(qint64 i) {
     return QStringLiteral("IT%1").arg(i, 8, 10, QLatin1Char('0'));
 }
 
+// Writes `count` items in one transaction, the way an import does.
+void insertItems(const QSqlDatabase& db, int count, int descriptionSpread) {
+    Sql::Transaction tx(db);
+    QSqlQuery q(db);
+    q.prepare(
+        QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?, ?, ?, ?, ?, ?)"));
+    for (int i = 0; i < count; ++i) {
+        q.addBindValue(itemCode(i));
+        q.addBindValue(QStringLiteral("Item %1 description").arg((qint64(i) * 7919) % descriptionSpread));
+        q.addBindValue(1 + i % 12);
+        q.addBindValue(1);
+        q.addBindValue(qint64(10000 + i % 5000));
+        q.addBindValue(QStringLiteral("2030-01-01"));
+        q.exec();
+    }
+    tx.commit();
+}
+
 // A vendor database holding `count` items, made once per size and reused.
 struct Catalogue {
     QTemporaryDir dir;
@@ -26,20 +44,7 @@ struct Catalogue {
         Store::CreateVendorDatabase(dir.path(), QStringLiteral("BEN"));
         db = *Store::OpenVendorDatabase(dir.path(), Store::vendorFileName(QStringLiteral("BEN")),
                                         QStringLiteral("bench%1").arg(count));
-        Sql::Transaction tx(db);
-        QSqlQuery q(db);
-        q.prepare(QStringLiteral(
-            "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?, ?, ?, ?, ?, ?)"));
-        for (int i = 0; i < count; ++i) {
-            q.addBindValue(itemCode(i));
-            q.addBindValue(QStringLiteral("Item %1 description").arg((i * 7919) % count));
-            q.addBindValue(1 + i % 12);
-            q.addBindValue(1);
-            q.addBindValue(qint64(10000 + i % 5000));
-            q.addBindValue(QStringLiteral("2030-01-01"));
-            q.exec();
-        }
-        tx.commit();
+        insertItems(db, count, count);
     }
 };
 
@@ -59,20 +64,7 @@ void BM_BulkInsertItems(benchmark::State& state) {
         {
             QSqlDatabase db = *Store::OpenVendorDatabase(dir.path(), Store::vendorFileName(QStringLiteral("INS")),
                                                          QStringLiteral("insert"));
-            Sql::Transaction tx(db);
-            QSqlQuery q(db);
-            q.prepare(QStringLiteral(
-                "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?, ?, ?, ?, ?, ?)"));
-            for (int i = 0; i < count; ++i) {
-                q.addBindValue(itemCode(i));
-                q.addBindValue(QStringLiteral("Item %1").arg(i));
-                q.addBindValue(1);
-                q.addBindValue(1);
-                q.addBindValue(qint64(12345));
-                q.addBindValue(QStringLiteral("2030-01-01"));
-                q.exec();
-            }
-            tx.commit();
+            insertItems(db, count, count);
         }
         DatabaseFile::close(QStringLiteral("insert"));
     }

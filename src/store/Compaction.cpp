@@ -94,12 +94,7 @@ class OwnConnection {
 public:
     OwnConnection(const QString& path, bool readOnly)
         : m_name(QStringLiteral("ordwell-compact-") + QUuid::createUuid().toString(QUuid::WithoutBraces)) {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
-        db.setDatabaseName(path);
-        QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000");
-        if (readOnly)
-            options += QStringLiteral(";QSQLITE_OPEN_READONLY");
-        db.setConnectOptions(options);
+        QSqlDatabase db = DatabaseFile::addConnection(m_name, path, readOnly);
         if (!db.open())
             m_openError = db.lastError();
     }

@@ -75,17 +75,22 @@ Status create(const QString& path, const Schema& schema) {
     return Status::ok();
 }
 
-Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bool readOnly) {
-    close(connectionName);
-    if (!QFileInfo(path).isFile())
-        return Status::fail(
-            QStringLiteral("The database file \"%1\" does not exist.").arg(QDir::toNativeSeparators(path)));
+QSqlDatabase addConnection(const QString& connectionName, const QString& path, bool readOnly) {
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
     db.setDatabaseName(path);
     QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000");
     if (readOnly)
         options += QStringLiteral(";QSQLITE_OPEN_READONLY");
     db.setConnectOptions(options);
+    return db;
+}
+
+Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bool readOnly) {
+    close(connectionName);
+    if (!QFileInfo(path).isFile())
+        return Status::fail(
+            QStringLiteral("The database file \"%1\" does not exist.").arg(QDir::toNativeSeparators(path)));
+    QSqlDatabase db = addConnection(connectionName, path, readOnly);
     if (!db.open()) {
         const QString why = db.lastError().text();
         db = QSqlDatabase();

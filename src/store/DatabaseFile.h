@@ -20,6 +20,10 @@ Status create(const QString& path, const Schema& schema);
 // of that name) and checks that it really is a readable database.
 Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bool readOnly = false);
 
+// Registers connection `connectionName` to the file at `path` with the program's usual
+// options (a busy wait, optionally read-only), without opening it.
+QSqlDatabase addConnection(const QString& connectionName, const QString& path, bool readOnly);
+
 // Closes the named connection and forgets it. Harmless when it is not open.
 void close(const QString& connectionName);
 
