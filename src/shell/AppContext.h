@@ -6,6 +6,7 @@
 #include <QSettings>
 #include <QSqlDatabase>
 #include <QString>
+#include <functional>
 #include <memory>
 
 namespace ordwell {
@@ -35,6 +36,14 @@ public:
     // Through the main window when there is one; a no-op before it exists.
     void ApplyMenuMask(const QString& mask) const;
     void ShowStatus(const QString& vendorName) const;
+
+    // Opens the order form in the given mode word ("NEWORDER", "LIVEORDER" ...); the main window
+    // installs it, so the vendor session and the menus need not know the form.
+    void setOrderFormOpener(std::function<void(const QString&)> opener) { m_orderFormOpener = std::move(opener); }
+    void openOrderForm(const QString& modeWord) const {
+        if (m_orderFormOpener)
+            m_orderFormOpener(modeWord);
+    }
 
     // The per-user settings store: the INI file given at start-up, else the platform's.
     std::unique_ptr<QSettings> settings() const;
@@ -67,6 +76,7 @@ private:
     Prompter* m_prompter;
     MenuHost* m_menuHost = nullptr;
     std::unique_ptr<QLockFile> m_lock;
+    std::function<void(const QString&)> m_orderFormOpener;
 };
 
 } // namespace ordwell

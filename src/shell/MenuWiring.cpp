@@ -40,6 +40,16 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnucompsys"),
                               [&mainWindow, &context] { Maintenance::compactSystem(context, mainWindow); });
     mainWindow.setMenuHandler(QStringLiteral("mnucompvend"), [&context] { Maintenance::compactVendor(context); });
+
+    // The vendor chooser.
+
+    // The catalogue: items.
+
+    // The catalogue: import, barcode rules, find.
+
+    // Orders.
+
+    // Reports.
 }
 
 } // namespace ordwell
