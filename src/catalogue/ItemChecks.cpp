@@ -91,8 +91,8 @@ QString priceText(Money price, const QLocale& locale) {
 QStringList boxesFor(const Item& item, const QLocale& locale) {
     return {item.code,
             item.description,
-            locale.toString(item.packQty),
-            locale.toString(item.defaultQty),
+            QString::number(item.packQty), // no grouping: four characters hold 9999
+            QString::number(item.defaultQty),
             priceText(item.price, locale),
             Dates::shortDate(item.priceExpiry, locale)};
 }
