@@ -105,6 +105,25 @@ private slots:
         QVERIFY(ItemChecks::itemFrom(shown) == expected);
     }
 
+    // Whatever the regional formats, what the boxes show fits them and reads back the same.
+    void boxesFitInEveryLocale_data() {
+        QTest::addColumn<QLocale>("locale");
+        QTest::newRow("en_GB") << QLocale(QLocale::English, QLocale::UnitedKingdom);
+        QTest::newRow("C") << QLocale::c();
+        QTest::newRow("de_DE") << QLocale(QLocale::German, QLocale::Germany);
+        QTest::newRow("en_US") << QLocale(QLocale::English, QLocale::UnitedStates);
+    }
+    void boxesFitInEveryLocale() {
+        QFETCH(QLocale, locale);
+        const Item stored{"Z9", "Zest", 9999, 12, Money::fromPence(999999), QDate(2027, 12, 23)};
+        const QStringList shown = ItemChecks::boxesFor(stored, locale);
+        for (int i = 0; i < ItemChecks::BoxCount; ++i)
+            QVERIFY2(shown.at(i).size() <= ItemChecks::InputLimits[i], qPrintable(shown.at(i)));
+        QStringList checked = shown;
+        QVERIFY(!ItemChecks::ValidateItem(checked, Today, locale));
+        QVERIFY(ItemChecks::itemFrom(checked, locale) == stored);
+    }
+
     // Enter in each box: where it goes, what it rewrites, what it says.
     void enterTable_data() {
         QTest::addColumn<int>("box");
