@@ -1,5 +1,6 @@
 #include "MenuWiring.h"
 
+#include "catalogue/ItemForm.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -46,6 +47,7 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnuswven"), singleWindow<VendorChooserForm>(mainWindow, context));
 
     // The catalogue: items.
+    mainWindow.setMenuHandler(QStringLiteral("mnueditms"), singleWindow<ItemForm>(mainWindow, context));
 
     // The catalogue: import, barcode rules, find.
 
