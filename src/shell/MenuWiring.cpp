@@ -1,5 +1,6 @@
 #include "MenuWiring.h"
 
+#include "catalogue/ItemImportCommand.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -46,6 +47,8 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     // The catalogue: items.
 
     // The catalogue: import, barcode rules, find.
+    mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
+                              [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
 
     // Orders.
 
