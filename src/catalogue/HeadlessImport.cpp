@@ -5,6 +5,7 @@
 #include "common/Sql.h"
 #include "shell/AppContext.h"
 #include "store/Store.h"
+#include "vendors/VendorSession.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -62,26 +63,26 @@ int run(const Options& options, QTextStream& out, QTextStream& err) {
     auto system = Store::OpenSystemDatabase(dataDir);
     if (!system)
         return refuse(err, system.message().section(QLatin1Char('\n'), 0, 0));
-    auto vendor = Sql::exec(*system, QStringLiteral("SELECT code, status FROM vendors WHERE code = ?"),
+    auto vendor = Sql::exec(*system, QStringLiteral("SELECT code, status, vendor FROM vendors WHERE code = ?"),
                             {options.vendorCode.trimmed()});
     if (!vendor)
         return refuse(err, vendor.message());
     if (!vendor.value().next())
         return refuse(err, QStringLiteral("There is no vendor with the code %1.").arg(options.vendorCode));
     const QString code = vendor.value().value(0).toString();
+    const QString name = vendor.value().value(2).toString();
     if (vendor.value().value(1).toString() != QLatin1String("A"))
         return refuse(err, QStringLiteral("The vendor %1 has been deactivated.").arg(code));
     vendor.value().finish();
 
-    auto vendorDb = Store::OpenVendorDatabase(dataDir, Store::vendorFileName(code));
-    if (!vendorDb)
-        return refuse(err, vendorDb.message().section(QLatin1Char('\n'), 0, 0));
-    context.CurrentVendorCode = code;
+    if (Status opened = context.vendorSession().open(code, name); !opened)
+        return refuse(err, opened.message().section(QLatin1Char('\n'), 0, 0));
 
     ConsoleProgress progress(out);
     if (!ItemImport::prepare(path, prompter, progress))
         return Stopped;
-    const ItemImport::Run result = ItemImport::execute(*vendorDb, path, QDate::currentDate(), prompter, progress);
+    const ItemImport::Run result =
+        ItemImport::execute(context.vendorDb(), path, QDate::currentDate(), prompter, progress);
     return result.outcome.completed() ? Imported : Stopped;
 }
 

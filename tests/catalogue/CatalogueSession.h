@@ -7,6 +7,7 @@
 #include "store/Store.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorRepository.h"
+#include "vendors/VendorSession.h"
 
 #include <QAction>
 
@@ -21,12 +22,8 @@ public:
             !Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("TST")))
             qFatal("cannot add the vendor");
         window = openMainWindow(ctx());
-        if (!Store::OpenVendorDatabase(ctx().dataDir(), Store::vendorFileName(QStringLiteral("TST"))))
+        if (!ctx().vendorSession().open(QStringLiteral("TST"), QStringLiteral("Test Supplies")))
             qFatal("cannot open the vendor");
-        ctx().CurrentVendorCode = QStringLiteral("TST");
-        ctx().CurrentVendorName = QStringLiteral("Test Supplies");
-        window->ShowStatus(ctx().CurrentVendorName);
-        window->ApplyMenuMask(MenuMasks::VendorOpen);
     }
     ~CatalogueSession() { window.reset(); }
 
