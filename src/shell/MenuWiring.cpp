@@ -1,6 +1,7 @@
 #include "MenuWiring.h"
 
 #include "catalogue/ItemForm.h"
+#include "catalogue/ItemImportCommand.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -50,6 +51,8 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnueditms"), singleWindow<ItemForm>(mainWindow, context));
 
     // The catalogue: import, barcode rules, find.
+    mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
+                              [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
 
     // Orders.
 
