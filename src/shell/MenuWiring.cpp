@@ -1,5 +1,6 @@
 #include "MenuWiring.h"
 
+#include "orders/OrderFormOpener.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -48,6 +49,7 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     // The catalogue: import, barcode rules, find.
 
     // Orders.
+    wireOrderMenus(mainWindow, context);
 
     // Reports.
 }
