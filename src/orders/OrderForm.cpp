@@ -4,6 +4,7 @@
 #include "common/FormHelpers.h"
 #include "orders/OrderWords.h"
 #include "shell/MenuMasks.h"
+#include "vendors/VendorSession.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -36,11 +37,11 @@ OrderForm::OrderForm(AppContext& context, QWidget* parent) : ToolWindow(context,
 OrderForm::~OrderForm() = default;
 
 QString OrderForm::vendorCode() const {
-    return context().CurrentVendorCode;
+    return context().vendorSession().code();
 }
 
 QSqlDatabase OrderForm::vendorDb() const {
-    return context().vendorDb();
+    return context().vendorSession().db();
 }
 
 void OrderForm::connectControls() {

@@ -5,6 +5,7 @@
 #include "common/TextChecks.h"
 #include "common/WaitCursor.h"
 #include "shell/MenuMasks.h"
+#include "vendors/VendorSession.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -218,7 +219,7 @@ void OrderForm::FindItemByDescription() {
     std::optional<QString> chosen;
     if (m_hooks.ChooseDescription)
         chosen = m_hooks.ChooseDescription(*this);
-    context().ShowStatus(context().CurrentVendorName);
+    context().ShowStatus(context().vendorSession().name());
     context().ApplyMenuMask(QStringLiteral("01000000000001100010"));
     if (!chosen || chosen->isEmpty()) {
         focusOn(m_ui.txtitem[Entry::Code]);

@@ -3,6 +3,7 @@
 #include "common/Sql.h"
 #include "shell/MenuMasks.h"
 #include "store/Store.h"
+#include "vendors/VendorSession.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -17,13 +18,11 @@ OrderSession::OrderSession() {
     storeOrganisationDetails(ctx());
     if (!Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("ABC")))
         qFatal("cannot create the vendor database");
-    if (!Store::OpenVendorDatabase(ctx().dataDir(), Store::vendorFileName(QStringLiteral("ABC"))))
-        qFatal("cannot open the vendor database");
+    if (!ctx().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Ltd")))
+        qFatal("cannot open the vendor");
     Sql::run(db(), QStringLiteral(
                        "INSERT INTO vendor (vendorid, customerid, add1, county, postcode, repname, nextord, ordform) "
                        "VALUES ('ABC', 'C1', '1 Road', 'Kent', 'CT1 1AA', 'Rep', 1000000, 'ordform.rpt')"));
-    ctx().CurrentVendorCode = QStringLiteral("ABC");
-    ctx().CurrentVendorName = QStringLiteral("Acme Ltd");
     m_window = openMainWindow(ctx());
     m_window->ApplyMenuMask(MenuMasks::VendorOpen);
 }
@@ -32,7 +31,7 @@ OrderSession::~OrderSession() {
     if (m_form)
         delete m_form->parentWidget();
     m_window.reset();
-    ctx().closeVendorDb();
+    ctx().vendorSession().close();
 }
 
 void OrderSession::addItem(const QString& code, const QString& descr, const QString& price, int pack, int defQty) {
