@@ -2,6 +2,7 @@
 
 #include "catalogue/ItemForm.h"
 #include "catalogue/ItemImportCommand.h"
+#include "orders/OrderFormOpener.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -55,6 +56,7 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
                               [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
 
     // Orders.
+    wireOrderMenus(mainWindow, context);
 
     // Reports.
 }
