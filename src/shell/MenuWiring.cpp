@@ -1,5 +1,6 @@
 #include "MenuWiring.h"
 
+#include "catalogue/BarcodeRulesForm.h"
 #include "catalogue/ItemImportCommand.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
@@ -51,6 +52,7 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     // The catalogue: import, barcode rules, find.
     mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
                               [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
+    mainWindow.setMenuHandler(QStringLiteral("mnubarcodes"), singleWindow<BarcodeRulesForm>(mainWindow, context));
 
     // Orders.
 
