@@ -1,6 +1,7 @@
 #include "MenuWiring.h"
 
 #include "catalogue/ItemForm.h"
+#include "catalogue/BarcodeRulesForm.h"
 #include "catalogue/ItemImportCommand.h"
 #include "orders/OrderFormOpener.h"
 #include "settings/SysDefaultsForm.h"
@@ -54,6 +55,7 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     // The catalogue: import, barcode rules, find.
     mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
                               [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
+    mainWindow.setMenuHandler(QStringLiteral("mnubarcodes"), singleWindow<BarcodeRulesForm>(mainWindow, context));
 
     // Orders.
     wireOrderMenus(mainWindow, context);
