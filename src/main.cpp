@@ -1,3 +1,4 @@
+#include "reports/HeadlessReport.h"
 #include "shell/Options.h"
 #include "shell/Program.h"
 
@@ -18,6 +19,13 @@ int main(int argc, char* argv[]) {
     if (early.showVersion) {
         QTextStream(stdout) << "Ordwell " << ordwell::versionText() << '\n';
         return 0;
+    }
+    if (!early.renderReport.isEmpty()) {
+        if (!early.error.isEmpty()) {
+            QTextStream(stderr) << early.error << '\n';
+            return 2;
+        }
+        return ordwell::renderReportHeadless(argc, argv, early);
     }
 
     QApplication app(argc, argv);

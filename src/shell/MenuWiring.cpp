@@ -1,5 +1,6 @@
 #include "MenuWiring.h"
 
+#include "reports/ReportWindows.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -50,6 +51,8 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     // Orders.
 
     // Reports.
+    mainWindow.setMenuHandler(QStringLiteral("mnurptoutitms"), [&context] { ShowOutstandingItemsReport(context); });
+    mainWindow.setMenuHandler(QStringLiteral("mnurptOrdhist"), [&context] { ShowOrderHistoryReport(context); });
 }
 
 } // namespace ordwell

@@ -28,7 +28,19 @@ Options parseOptions(const QStringList& arguments) {
     const QCommandLineOption splash(QStringLiteral("splash-ms"),
                                     QStringLiteral("Milliseconds of each splash pause (default 1000)."),
                                     QStringLiteral("N"), QStringLiteral("1000"));
-    parser.addOptions({help, version, dataDir, desktopDir, settings, splash});
+    const QCommandLineOption vendor(QStringLiteral("vendor"),
+                                    QStringLiteral("The vendor (its code) a headless run works on."),
+                                    QStringLiteral("CODE"));
+    const QCommandLineOption renderReport(QStringLiteral("render-report"),
+                                          QStringLiteral("Write this report file as a PDF (needs --vendor and --pdf) "
+                                                         "and exit, with no window."),
+                                          QStringLiteral("FILE"));
+    const QCommandLineOption param(QStringLiteral("param"),
+                                   QStringLiteral("A value for one of the report's parameters; repeat as needed."),
+                                   QStringLiteral("name=value"));
+    const QCommandLineOption pdf(QStringLiteral("pdf"), QStringLiteral("The PDF file --render-report writes."),
+                                 QStringLiteral("FILE"));
+    parser.addOptions({help, version, dataDir, desktopDir, settings, splash, vendor, renderReport, param, pdf});
     // Qt's own options (-style, -platform) are taken by QApplication before we see them.
     if (!parser.parse(arguments)) {
         options.error = parser.errorText();
@@ -39,6 +51,27 @@ Options parseOptions(const QStringList& arguments) {
     options.dataDir = parser.value(dataDir);
     options.desktopDir = parser.value(desktopDir);
     options.settingsFile = parser.value(settings);
+    options.vendorCode = parser.value(vendor);
+    options.renderReport = parser.value(renderReport);
+    options.pdfOutput = parser.value(pdf);
+    for (const QString& pair : parser.values(param)) {
+        const qsizetype eq = pair.indexOf(QLatin1Char('='));
+        if (eq <= 0) {
+            if (options.error.isEmpty())
+                options.error = QStringLiteral("--param needs name=value, not \"%1\".").arg(pair);
+            continue;
+        }
+        options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
+    }
+    if (options.error.isEmpty() && !options.renderReport.isEmpty()) {
+        if (options.vendorCode.isEmpty())
+            options.error = QStringLiteral("--render-report needs --vendor CODE.");
+        else if (options.pdfOutput.isEmpty())
+            options.error = QStringLiteral("--render-report needs --pdf FILE.");
+    }
+    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
+        (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
+        options.error = QStringLiteral("--pdf and --param go with --render-report.");
     bool ok = false;
     const int ms = parser.value(splash).toInt(&ok);
     if (!ok || ms < 0) {
