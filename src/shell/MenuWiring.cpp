@@ -4,6 +4,7 @@
 #include "catalogue/BarcodeRulesForm.h"
 #include "catalogue/ItemImportCommand.h"
 #include "orders/OrderFormOpener.h"
+#include "reports/ReportWindows.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -61,6 +62,8 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     wireOrderMenus(mainWindow, context);
 
     // Reports.
+    mainWindow.setMenuHandler(QStringLiteral("mnurptoutitms"), [&context] { ShowOutstandingItemsReport(context); });
+    mainWindow.setMenuHandler(QStringLiteral("mnurptOrdhist"), [&context] { ShowOrderHistoryReport(context); });
 }
 
 } // namespace ordwell
