@@ -2,6 +2,7 @@
 #include "common/PendingEvents.h"
 
 #include "common/QtPrompter.h"
+#include "reports/ShippedReports.h"
 #include "shell/FirstRunDialog.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuWiring.h"
@@ -144,6 +145,7 @@ bool Program::start() {
                 QString(), MessageIcon::Critical);
             failed = true;
         } else {
+            ShippedReports::installMissing(ctx.dataDir());
             pause();
             m_mainWindow = new MainWindow(ctx);
             wireMenus(*m_mainWindow, ctx);

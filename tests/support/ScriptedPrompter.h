@@ -64,6 +64,8 @@ public:
     MessageAnswer message(const QString& text, const QString& title, MessageIcon icon,
                           MessageButtons buttons = MessageButtons::Ok) override;
     std::optional<QString> openFile(const FileRequest& request) override;
+    // Answered from the same queue as openFile(); recorded in saveRequests.
+    std::optional<QString> saveFile(const FileRequest& request) override;
 
     // The answer to the next Yes/No question.
     void queueAnswer(MessageAnswer answer) { m_answers.enqueue(answer); }
@@ -74,6 +76,7 @@ public:
 
     MessageLog messages;
     QList<FileRequest> fileRequests;
+    QList<FileRequest> saveRequests;
     QStringList unexpected;
 
     QStringList texts() const;
@@ -81,6 +84,7 @@ public:
     void clear() {
         messages.clear();
         fileRequests.clear();
+        saveRequests.clear();
         unexpected.clear();
     }
 
