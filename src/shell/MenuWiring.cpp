@@ -1,6 +1,7 @@
 #include "MenuWiring.h"
 
 #include "catalogue/BarcodeRulesForm.h"
+#include "catalogue/ItemForm.h"
 #include "catalogue/ItemImportCommand.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
@@ -48,6 +49,7 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnuswven"), singleWindow<VendorChooserForm>(mainWindow, context));
 
     // The catalogue: items.
+    mainWindow.setMenuHandler(QStringLiteral("mnueditms"), singleWindow<ItemForm>(mainWindow, context));
 
     // The catalogue: import, barcode rules, find.
     mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
