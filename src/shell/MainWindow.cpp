@@ -4,6 +4,7 @@
 #include "shell/SplashWindow.h"
 #include "shell/ToolWindow.h"
 #include "store/Store.h"
+#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QApplication>
@@ -88,6 +89,7 @@ MainWindow::MainWindow(AppContext& context, QWidget* parent) : QMainWindow(paren
     buildMenus();
     buildStatusBar();
     m_context.setMenuHost(this);
+    followVendorSession();
     restorePlacement();
     // The desktop session ending is not the user closing the window: that close is let through.
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { m_sessionEnding = true; });
@@ -118,6 +120,27 @@ void MainWindow::buildMenus() {
             m_entries.insert(name, action);
         }
     }
+}
+
+void MainWindow::followVendorSession() {
+    // Panel 1 always names the open vendor. The menus follow the session only while no tool
+    // window is open: an open window owns the mask until it leaves (the chooser applies the
+    // vendor-open mask itself as it closes).
+    VendorSession& session = m_context.vendorSession();
+    connect(&session, &VendorSession::vendorOpened, this, [this](const QString&, const QString& name) {
+        if (m_exiting)
+            return;
+        ShowStatus(name);
+        if (m_context.OpenWindowCount < 1)
+            ApplyMenuMask(MenuMasks::VendorOpen);
+    });
+    connect(&session, &VendorSession::vendorClosed, this, [this] {
+        if (m_exiting)
+            return;
+        ShowStatus(QString());
+        if (m_context.OpenWindowCount < 1)
+            ApplyMenuMask(MenuMasks::NoVendor);
+    });
 }
 
 void MainWindow::buildStatusBar() {
@@ -307,9 +330,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::shutDown() {
     m_exiting = true;
-    if (!m_context.CurrentVendorCode.isEmpty())
-        m_context.CurrentVendorCode.clear();
-    m_context.closeVendorDb();
+    m_context.vendorSession().close();
     m_context.closeSystemDb();
     m_context.releaseSystemLock();
 }

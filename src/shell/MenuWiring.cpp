@@ -5,6 +5,7 @@
 #include "shell/MainWindow.h"
 #include "shell/Maintenance.h"
 #include "vendors/DeactivateVendorForm.h"
+#include "vendors/VendorChooserForm.h"
 #include "vendors/VendorRecordsForm.h"
 
 #include <QMdiArea>
@@ -42,6 +43,7 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnucompvend"), [&context] { Maintenance::compactVendor(context); });
 
     // The vendor chooser.
+    mainWindow.setMenuHandler(QStringLiteral("mnuswven"), singleWindow<VendorChooserForm>(mainWindow, context));
 
     // The catalogue: items.
 
