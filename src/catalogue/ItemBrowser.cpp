@@ -9,37 +9,36 @@ Status ItemBrowser::open() {
     if (!n)
         return n.status();
     m_count = *n;
-    return first();
+    m_current.reset();
+    m_position = 0;
+    first();
+    return m_lastError;
 }
 
-Status ItemBrowser::moveTo(const Result<std::optional<Item>>& found, int position) {
-    if (!found)
-        return found.status();
-    if (found->has_value()) {
-        m_current = found.value();
-        m_position = position;
-    } else if (m_count == 0) {
-        m_current.reset();
-        m_position = 0;
-    }
-    return Status::ok();
+bool ItemBrowser::moveTo(const Result<std::optional<Item>>& found, int position) {
+    m_lastError = found.status();
+    if (!found || !found->has_value())
+        return false;
+    m_current = found.value();
+    m_position = position;
+    return true;
 }
 
-Status ItemBrowser::first() {
+bool ItemBrowser::first() {
     return moveTo(m_items.first(), 1);
 }
 
-Status ItemBrowser::last() {
+bool ItemBrowser::last() {
     return moveTo(m_items.last(), m_count);
 }
 
-Status ItemBrowser::next() {
+bool ItemBrowser::next() {
     if (!m_current)
         return first();
     return moveTo(m_items.next(m_current->code), m_position + 1);
 }
 
-Status ItemBrowser::previous() {
+bool ItemBrowser::previous() {
     if (!m_current)
         return first();
     return moveTo(m_items.previous(m_current->code), m_position - 1);

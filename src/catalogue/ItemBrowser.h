@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/ItemRepository.h"
+#include "common/RecordCursor.h"
 
 #include <QSqlDatabase>
 #include <QString>
@@ -10,22 +11,25 @@ namespace ordwell {
 
 // Where the item window stands in the catalogue: the current item, its 1-based position and the
 // count. Moves are indexed look-ups, so a catalogue of any size costs the same to browse.
-class ItemBrowser {
+class ItemBrowser : public RecordCursor {
 public:
     explicit ItemBrowser(QSqlDatabase db);
 
     // Counts the items and goes to the first.
     Status open();
 
-    int count() const { return m_count; }
-    int position() const { return m_position; }
+    int count() const override { return m_count; }
+    int position() const override { return m_position; }
     bool isEmpty() const { return m_count == 0; }
     const std::optional<Item>& current() const { return m_current; }
 
-    Status first();
-    Status last();
-    Status next();
-    Status previous();
+    // Each answers false and stays where it was when there is nowhere to go or the database
+    // failed (lastError() then says why).
+    bool first() override;
+    bool last() override;
+    bool next() override;
+    bool previous() override;
+    const Status& lastError() const { return m_lastError; }
     // Goes to the item with this code; answers false (and stays) when there is none.
     Result<bool> goTo(const QString& code);
     // Goes to the first item carrying this description; false (and stays) when there is none.
@@ -46,12 +50,13 @@ public:
     ItemRepository& repository() { return m_items; }
 
 private:
-    Status moveTo(const Result<std::optional<Item>>& found, int position);
+    bool moveTo(const Result<std::optional<Item>>& found, int position);
 
     ItemRepository m_items;
     std::optional<Item> m_current;
     int m_count = 0;
     int m_position = 0;
+    Status m_lastError;
 };
 
 } // namespace ordwell

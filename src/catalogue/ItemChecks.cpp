@@ -29,7 +29,18 @@ std::optional<Money> priceFrom(const QString& text, const QLocale& locale) {
 }
 
 QDate dateFrom(const QString& text, const QLocale& locale) {
-    return Dates::parseShortDate(text, locale);
+    const QDate date = Dates::parseShortDate(text, locale);
+    if (date.isValid())
+        return date;
+    // What the box shows where the regional form is too long for it.
+    return QDate::fromString(text.trimmed(), Qt::ISODate);
+}
+
+QString dateText(const QDate& date, const QLocale& locale) {
+    const QString regional = Dates::shortDate(date, locale);
+    if (regional.size() <= InputLimits[PriceExpiry])
+        return regional;
+    return date.toString(Qt::ISODate);
 }
 
 std::optional<Refusal> ValidateItem(QStringList& boxes, const QDate& today, const QLocale& locale) {
@@ -91,10 +102,10 @@ QString priceText(Money price, const QLocale& locale) {
 QStringList boxesFor(const Item& item, const QLocale& locale) {
     return {item.code,
             item.description,
-            locale.toString(item.packQty),
-            locale.toString(item.defaultQty),
+            QString::number(item.packQty), // no grouping: four characters hold 9999
+            QString::number(item.defaultQty),
             priceText(item.price, locale),
-            Dates::shortDate(item.priceExpiry, locale)};
+            dateText(item.priceExpiry, locale)};
 }
 
 EnterOutcome enterPressed(Box box, const QString& text, const QDate& today, const CodeExists& codeExists,

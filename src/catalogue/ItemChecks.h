@@ -35,8 +35,11 @@ struct Refusal {
 std::optional<int> quantityFrom(const QString& text, const QLocale& locale = QLocale());
 // A price in the regional format ("12.50", "1,234.5"); never negative.
 std::optional<Money> priceFrom(const QString& text, const QLocale& locale = QLocale());
-// A date in the regional short format; invalid when it is not one.
+// A date in the regional short format (or as yyyy-mm-dd); invalid when it is not one.
 QDate dateFrom(const QString& text, const QLocale& locale = QLocale());
+// A date as the expiry box shows it: the regional short form where that fits the box's ten
+// characters ("11/03/2020"), else yyyy-mm-dd (locales that spell the month out).
+QString dateText(const QDate& date, const QLocale& locale = QLocale());
 
 // The Save checks in their order; the first failure stops them. The code box text is
 // upper-cased first (rewritten in `boxes`); a refused price or expiry is emptied in `boxes`.

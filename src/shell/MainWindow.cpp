@@ -154,9 +154,10 @@ void MainWindow::buildStatusBar() {
         m_panels[i]->setFrameShadow(QFrame::Sunken);
         bar->addPermanentWidget(m_panels[i], i == 0 ? 2 : 1);
     }
-    m_panels[0]->setAccessibleName(QStringLiteral("Vendor"));
-    m_panels[1]->setAccessibleName(QStringLiteral("Date"));
-    m_panels[2]->setAccessibleName(QStringLiteral("Time"));
+    // The panels' texts are what a screen reader reads; these only say what each one is.
+    m_panels[0]->setAccessibleDescription(QStringLiteral("Open vendor"));
+    m_panels[1]->setAccessibleDescription(QStringLiteral("Date"));
+    m_panels[2]->setAccessibleDescription(QStringLiteral("Time"));
     updateClock();
     auto* clock = new QTimer(this);
     connect(clock, &QTimer::timeout, this, &MainWindow::updateClock);

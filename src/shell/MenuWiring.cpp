@@ -1,5 +1,7 @@
 #include "MenuWiring.h"
 
+#include "catalogue/ItemForm.h"
+#include "catalogue/ItemImportCommand.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -46,8 +48,11 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnuswven"), singleWindow<VendorChooserForm>(mainWindow, context));
 
     // The catalogue: items.
+    mainWindow.setMenuHandler(QStringLiteral("mnueditms"), singleWindow<ItemForm>(mainWindow, context));
 
     // The catalogue: import, barcode rules, find.
+    mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
+                              [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
 
     // Orders.
 

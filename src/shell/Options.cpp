@@ -28,7 +28,15 @@ Options parseOptions(const QStringList& arguments) {
     const QCommandLineOption splash(QStringLiteral("splash-ms"),
                                     QStringLiteral("Milliseconds of each splash pause (default 1000)."),
                                     QStringLiteral("N"), QStringLiteral("1000"));
-    parser.addOptions({help, version, dataDir, desktopDir, settings, splash});
+    const QCommandLineOption vendor(QStringLiteral("vendor"),
+                                    QStringLiteral("The vendor (its code) that --import-items works on."),
+                                    QStringLiteral("CODE"));
+    const QCommandLineOption importItems(
+        QStringLiteral("import-items"),
+        QStringLiteral("Import the price list FILE into the vendor's items without a window, then end "
+                       "(exit 0 done, 1 an incorrect line, 2 not started)."),
+        QStringLiteral("FILE"));
+    parser.addOptions({help, version, dataDir, desktopDir, settings, splash, vendor, importItems});
     // Qt's own options (-style, -platform) are taken by QApplication before we see them.
     if (!parser.parse(arguments)) {
         options.error = parser.errorText();
@@ -39,6 +47,10 @@ Options parseOptions(const QStringList& arguments) {
     options.dataDir = parser.value(dataDir);
     options.desktopDir = parser.value(desktopDir);
     options.settingsFile = parser.value(settings);
+    options.vendorCode = parser.value(vendor);
+    options.importFile = parser.value(importItems);
+    if (options.error.isEmpty() && options.vendorCode.isEmpty() != options.importFile.isEmpty())
+        options.error = QStringLiteral("--vendor and --import-items are used together.");
     bool ok = false;
     const int ms = parser.value(splash).toInt(&ok);
     if (!ok || ms < 0) {

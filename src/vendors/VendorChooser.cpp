@@ -1,5 +1,6 @@
 #include "VendorChooser.h"
 
+#include "catalogue/Revaluation.h"
 #include "common/Dates.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
@@ -94,7 +95,7 @@ void ResetExpiredPrices(AppContext& context, const QDate& today) {
                 QString(), MessageIcon::Critical);
     }
     // Open orders follow the catalogue whether or not a price changed here.
-    // TODO(items): RefreshOrderValues once the revaluation lands.
+    RefreshOrderValues(db, context.prompter());
 }
 
 Result<bool> openVendor(AppContext& context, const QString& code, const QString& name, const QDate& today) {

@@ -98,8 +98,30 @@ private slots:
         QVERIFY(!ItemChecks::ValidateItem(typed, Today));
         QCOMPARE(typed.first(), expected.code);
         QVERIFY(ItemChecks::itemFrom(typed) == expected);
-        // What the boxes show for the stored item reads back as the same item.
-        QVERIFY(ItemChecks::itemFrom(ItemChecks::boxesFor(expected)) == expected);
+        // What the boxes show for the stored item fits them and reads back as the same item.
+        const QStringList shown = ItemChecks::boxesFor(expected);
+        for (int i = 0; i < ItemChecks::BoxCount; ++i)
+            QVERIFY2(shown.at(i).size() <= ItemChecks::InputLimits[i], qPrintable(shown.at(i)));
+        QVERIFY(ItemChecks::itemFrom(shown) == expected);
+    }
+
+    // Whatever the regional formats, what the boxes show fits them and reads back the same.
+    void boxesFitInEveryLocale_data() {
+        QTest::addColumn<QLocale>("locale");
+        QTest::newRow("en_GB") << QLocale(QLocale::English, QLocale::UnitedKingdom);
+        QTest::newRow("C") << QLocale::c();
+        QTest::newRow("de_DE") << QLocale(QLocale::German, QLocale::Germany);
+        QTest::newRow("en_US") << QLocale(QLocale::English, QLocale::UnitedStates);
+    }
+    void boxesFitInEveryLocale() {
+        QFETCH(QLocale, locale);
+        const Item stored{"Z9", "Zest", 9999, 12, Money::fromPence(999999), QDate(2027, 12, 23)};
+        const QStringList shown = ItemChecks::boxesFor(stored, locale);
+        for (int i = 0; i < ItemChecks::BoxCount; ++i)
+            QVERIFY2(shown.at(i).size() <= ItemChecks::InputLimits[i], qPrintable(shown.at(i)));
+        QStringList checked = shown;
+        QVERIFY(!ItemChecks::ValidateItem(checked, Today, locale));
+        QVERIFY(ItemChecks::itemFrom(checked, locale) == stored);
     }
 
     // Enter in each box: where it goes, what it rewrites, what it says.
@@ -185,6 +207,10 @@ private slots:
         QVERIFY(browser.first());
         QCOMPARE(browser.current()->code, QStringLiteral("A1"));
         QVERIFY(browser.last());
+        QCOMPARE(browser.current()->code + QString::number(browser.position()), QStringLiteral("E55"));
+        // Past the end there is nowhere to go: it stays.
+        QVERIFY(!browser.next());
+        QVERIFY(browser.lastError());
         QCOMPARE(browser.current()->code + QString::number(browser.position()), QStringLiteral("E55"));
 
         // Codes are found whatever their case; descriptions exactly.

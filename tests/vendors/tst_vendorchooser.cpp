@@ -253,9 +253,22 @@ private slots:
             QStringLiteral("INSERT INTO items VALUES ('A1', 'Apple', 1, 1, 12500, '%1'), "
                            "('A2', 'Apricot', 1, 1, 300, '%2'), ('A3', 'Avocado', 1, 1, 4400, '%3')")
                 .arg(Dates::toStored(today.addDays(-1)), Dates::toStored(today.addDays(-7)), Dates::toStored(today)));
+        // An entered order of the expired apple and a printed one: only the entered one follows.
+        d.inVendorFile(QStringLiteral("ABC"),
+                       QStringLiteral("INSERT INTO orderhead (orderid, orderdate, status, totalval) VALUES "
+                                      "('ABC1000001', '2026-01-01', 'E', 25000), ('ABC1000002', '2026-01-01', 'P', "
+                                      "25000)"));
+        d.inVendorFile(QStringLiteral("ABC"),
+                       QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, "
+                                      "lineval, recvqty) VALUES ('ABC1000001', 1, 'A1', '2026-01-01', 'E', 2, 12500, "
+                                      "25000, 0), ('ABC1000002', 1, 'A1', '2026-01-01', 'P', 2, 12500, 25000, 0)"));
         d.choose(Acme);
         QCOMPARE(d.prompter().texts(),
-                 QStringList{"There are 2 items with expired prices, the item prices will be set to 0.00"});
+                 (QStringList{"There are 2 items with expired prices, the item prices will be set to 0.00",
+                              "1 order value has been updated"}));
+        QCOMPARE(
+            Sql::scalar(d.ctx().vendorDb(), QStringLiteral("SELECT group_concat(totalval) FROM orderhead"))->toString(),
+            QStringLiteral("0,25000"));
         QCOMPARE(d.prompter().messages.first().title, QStringLiteral("Incorrect Item Prices"));
         QCOMPARE(d.prompter().messages.first().icon, MessageIcon::Information);
         const auto rows = Sql::scalar(
