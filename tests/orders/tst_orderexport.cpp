@@ -1,4 +1,4 @@
-#include "OrderFixture.h"
+#include "OrderDataFixture.h"
 #include "orders/ExportRecords.h"
 #include "orders/OrderExport.h"
 
@@ -19,7 +19,7 @@ class TestOrderExport : public QObject {
     Q_OBJECT
 
     // The records of the file written for the order, split at CR LF (the last one empty).
-    static QStringList exported(test::OrderFixture& f) {
+    static QStringList exported(test::OrderDataFixture& f) {
         const QByteArray bytes = test::fileContents(QDir(f.desktopDir()).filePath(Id + QStringLiteral(".csv")));
         QStringList records = QString::fromUtf8(bytes).split(QStringLiteral("\r\n"));
         if (records.last().isEmpty())
@@ -29,7 +29,7 @@ class TestOrderExport : public QObject {
         return records;
     }
 
-    static OrderExport::ExportResult exportOrder(test::OrderFixture& f, const QString& desktop = {}) {
+    static OrderExport::ExportResult exportOrder(test::OrderDataFixture& f, const QString& desktop = {}) {
         return OrderExport::ExportOrder(f.systemDb(), f.vendorDb(), f.ctx().CurrentVendorName,
                                         desktop.isEmpty() ? f.desktopDir() : desktop, Id);
     }
@@ -39,7 +39,7 @@ private slots:
 
     // No lines: five records; empty fields keep their commas, so FROM has 10 fields and TO 14.
     void orderWithoutLines() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(Id, QStringLiteral("P"));
         const auto result = exportOrder(f);
         QCOMPARE(result.outcome, OrderExport::Outcome::Exported);
@@ -57,7 +57,7 @@ private slots:
     // Lines in line order: a deleted item, a cancelled line, grouping commas left unquoted;
     // live lines follow the order to "X", the cancelled one stays "C".
     void linesAsWritten() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addItem(QStringLiteral("A100"), QStringLiteral("Blue pens box"), Money::fromPence(150));
         f.addItem(QStringLiteral("B200"), QStringLiteral("Gone"), Money::fromPence(70000));
         f.addItem(QStringLiteral("C300"), QStringLiteral("Red ink, bottled"), Money::fromPence(225));
@@ -83,7 +83,7 @@ private slots:
 
     // A note of one space is dropped in the first line and kept in the second.
     void oneSpaceNotes() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(Id, QStringLiteral("P"), {}, QStringLiteral(" "), QStringLiteral(" "));
         QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
         QCOMPARE(exported(f).mid(3), (QStringList{QStringLiteral("NOTES:,"), QStringLiteral("NOTES:, ")}));
@@ -91,7 +91,7 @@ private slots:
 
     // The file on the desktop refuses a second export and is left as it was; so is the order.
     void secondExportRefused() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(Id, QStringLiteral("P"));
         QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
         const QString path = QDir(f.desktopDir()).filePath(QStringLiteral("ABC1000000.csv"));
@@ -115,7 +115,7 @@ private slots:
     void desktopThatCannotTakeTheFile() {
         QFETCH(QString, desktop);
         QFETCH(QString, named);
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(Id, QStringLiteral("P"));
         f.addLine(Id, 1, QStringLiteral("A1"), 1, Money::fromPence(100), QStringLiteral("P"));
         const auto result = exportOrder(f, desktop);
@@ -128,7 +128,7 @@ private slots:
 
     // Nothing but the finished file is left in the folder.
     void noTemporaryFileLeft() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(Id, QStringLiteral("P"));
         QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
         QCOMPARE(QDir(f.desktopDir()).entryList(QDir::Files | QDir::Hidden), QStringList{"ABC1000000.csv"});

@@ -1,4 +1,4 @@
-#include "OrderFixture.h"
+#include "OrderDataFixture.h"
 #include "orders/OrderCancellation.h"
 #include "orders/OrderList.h"
 
@@ -48,7 +48,7 @@ private slots:
     void listsHoldTheirStatusesGroupedByLetter() {
         QFETCH(QString, key);
         QFETCH(QStringList, expected);
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         const char* statuses[] = {"C", "L", "E", "P", "X", "S", "R", "E"};
         for (int i = 0; i < 8; ++i)
             f.addOrder(QStringLiteral("ABC100000%1").arg(i), QString::fromLatin1(statuses[i]));
@@ -70,7 +70,7 @@ private slots:
 
     // The navigation bar of a list of one and of three, as the user moves along it.
     void masksAndPositionTexts() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("P"));
         OrderList one(f.vendorDb(), OrderListKey::EP);
         QVERIFY(one.open());
@@ -96,7 +96,7 @@ private slots:
     }
 
     void emptyListAndModeRules() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("R"));
         f.addOrder(QStringLiteral("ABC1000001"), QStringLiteral("C"));
         OrderList list(f.vendorDb(), OrderListKey::All);
@@ -117,7 +117,7 @@ private slots:
     // The header shows the order as stored, total with two decimals and grouping; browsing
     // leaves the database alone.
     void currentOrderIsReadNotWritten() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("E"), Money::fromPence(123450), QStringLiteral("n1"));
         OrderList list(f.vendorDb(), OrderListKey::All);
         QVERIFY(list.open());
@@ -133,7 +133,7 @@ private slots:
     // Cancelling: order "C" with total 0.00; lines already "C" stay, others become "C"; the
     // quantities and a printed order's print date are kept.
     void cancellingAnOrder() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("P"), Money::fromPence(900));
         f.exec(QStringLiteral("UPDATE orderhead SET printdate = '2021-05-01' WHERE orderid = 'ABC1000000'"));
         f.addLine(QStringLiteral("ABC1000000"), 1, QStringLiteral("A1"), 3, Money::fromPence(150), QStringLiteral("P"));
@@ -158,7 +158,7 @@ private slots:
 
     // Recovery finds the first live order; its header shows "L - Live" and the stored total.
     void findingTheLiveOrder() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         QVERIFY(OrderCancellation::FindLiveOrder(f.vendorDb()).value() == std::nullopt);
         f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("E"));
         f.addOrder(QStringLiteral("ABC1000002"), QStringLiteral("L"), Money::fromPence(450));

@@ -1,4 +1,4 @@
-#include "OrderFixture.h"
+#include "OrderDataFixture.h"
 #include "orders/OrderPrinting.h"
 #include "settings/OrganisationDetails.h"
 
@@ -45,7 +45,7 @@ private slots:
         onlyPhone[Telephone] = QStringLiteral("01234");
         QCOMPARE(OrderPrinting::BuildContactDetails(onlyPhone), QStringLiteral("01234,"));
 
-        test::OrderFixture f; // stores Head Office, 1 High St, Kent, CT11AA, Ann, 01234 567890, ann@example.org
+        test::OrderDataFixture f; // stores Head Office, 1 High St, Kent, CT11AA, Ann, 01234 567890, ann@example.org
         auto parameters = OrderPrinting::PrintParameters(f.systemDb(), QStringLiteral("ABC1000000"));
         QVERIFY(parameters);
         QCOMPARE(parameters.value().keys(), (QStringList{"contdet", "custadd", "ordnum"}));
@@ -58,7 +58,7 @@ private slots:
     // The first print stamps the print date only; each later print adds one reprint and
     // moves both dates on. Cancelled lines stay cancelled.
     void firstPrintAndReprints() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         const QString id = QStringLiteral("ABC1000000");
         f.addOrder(id, QStringLiteral("E"), Money::fromPence(450));
         f.addLine(id, 1, QStringLiteral("A1"), 3, Money::fromPence(150), QStringLiteral("E"));
@@ -81,7 +81,7 @@ private slots:
 
     // A reprint of an order whose count was never set (an older file) counts from nothing.
     void reprintOfAnOrderWithoutCount() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         const QString id = QStringLiteral("ABC1000000");
         f.addOrder(id, QStringLiteral("P"));
         f.exec(QStringLiteral("UPDATE orderhead SET printdate = '2024-01-10', reprintcount = NULL"));

@@ -1,4 +1,4 @@
-#include "OrderFixture.h"
+#include "OrderDataFixture.h"
 #include "orders/Receiving.h"
 
 #include <QTest>
@@ -11,7 +11,7 @@ namespace {
 const QString Id = QStringLiteral("ABC1000000");
 
 // An exported order: A1 10 ordered, B2 4 ordered, and a cancelled C3.
-void exportedOrder(test::OrderFixture& f) {
+void exportedOrder(test::OrderDataFixture& f) {
     f.addOrder(Id, QStringLiteral("X"), Money::fromPence(2400));
     f.addLine(Id, 1, QStringLiteral("A1"), 10, Money::fromPence(200), QStringLiteral("X"));
     f.addLine(Id, 2, QStringLiteral("B2"), 4, Money::fromPence(100), QStringLiteral("X"));
@@ -52,7 +52,7 @@ private slots:
 
     // Starting: the order and its live lines become "S"; cancelled lines count for nothing.
     void startingAndCounting() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         exportedOrder(f);
         QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
         QCOMPARE(f.orderStatus(Id), QStringLiteral("S"));
@@ -70,7 +70,7 @@ private slots:
     // 3 then 7 of 10: "S" with 7 outstanding, then "R"; a quantity beyond what is outstanding
     // is refused without a change.
     void receivingALineInParts() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         exportedOrder(f);
         QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
         auto first = Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 3, QDate(2024, 5, 1));
@@ -97,7 +97,7 @@ private slots:
     // Receive All on a part-received order: every live line in full and "R", the order "R"
     // with today's date; the cancelled line and the lines' own dates are untouched.
     void receiveAllOnAPartReceivedOrder() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         exportedOrder(f);
         QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
         QVERIFY(Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 3, QDate(2024, 5, 1)));
@@ -114,7 +114,7 @@ private slots:
 
     // An order whose lines have all arrived counts as complete as soon as it is taken up.
     void allReceivedAlready() {
-        test::OrderFixture f;
+        test::OrderDataFixture f;
         f.addOrder(Id, QStringLiteral("S"));
         f.addLine(Id, 1, QStringLiteral("A1"), 5, Money::fromPence(100), QStringLiteral("R"), 5);
         f.addLine(Id, 2, QStringLiteral("B2"), 0, Money::fromPence(100), QStringLiteral("C"));

@@ -12,9 +12,9 @@ namespace ordwell::test {
 
 // An open vendor "ABC" (Acme Supplies) with the organisation's details stored, and shorthand
 // for putting orders, lines and items straight into its database.
-class OrderFixture {
+class OrderDataFixture {
 public:
-    OrderFixture();
+    OrderDataFixture();
 
     AppContext& ctx() { return m_tc.context(); }
     ScriptedPrompter& prompter() { return m_tc.prompter(); }

@@ -1,4 +1,4 @@
-#include "OrderFixture.h"
+#include "OrderDataFixture.h"
 
 #include "common/Dates.h"
 #include "common/Sql.h"
@@ -6,7 +6,7 @@
 
 namespace ordwell::test {
 
-OrderFixture::OrderFixture() {
+OrderDataFixture::OrderDataFixture() {
     storeOrganisationDetails(ctx());
     if (!Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("ABC")))
         qFatal("cannot create the vendor database");
@@ -22,47 +22,47 @@ OrderFixture::OrderFixture() {
         {ctx().dataFile(Store::DefaultOrderFormFileName)});
 }
 
-void OrderFixture::exec(const QString& sql, const QVariantList& values) {
+void OrderDataFixture::exec(const QString& sql, const QVariantList& values) {
     const Status s = Sql::run(vendorDb(), sql, values);
     if (!s)
         qFatal("%s: %s", qPrintable(sql), qPrintable(s.message()));
 }
 
-void OrderFixture::addItem(const QString& code, const QString& descr, Money price, int pack) {
+void OrderDataFixture::addItem(const QString& code, const QString& descr, Money price, int pack) {
     exec(QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?, ?, ?, 1, ?, ?)"),
          {code, descr, pack, price.tenThousandths(), QStringLiteral("2030-12-31")});
 }
 
-void OrderFixture::removeItem(const QString& code) {
+void OrderDataFixture::removeItem(const QString& code) {
     exec(QStringLiteral("DELETE FROM items WHERE code = ?"), {code});
 }
 
-void OrderFixture::addOrder(const QString& orderId, const QString& status, Money total, const QString& note1,
-                            const QString& note2) {
+void OrderDataFixture::addOrder(const QString& orderId, const QString& status, Money total, const QString& note1,
+                                const QString& note2) {
     exec(QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, reference, status, totalval, reprintcount, "
                         "note1, note2) VALUES (?, '2020-03-11', 'Ann', 'REF1', ?, ?, 0, ?, ?)"),
          {orderId, status, total.tenThousandths(), Sql::textOrNull(note1), Sql::textOrNull(note2)});
 }
 
-void OrderFixture::addLine(const QString& orderId, int line, const QString& code, int qty, Money price,
-                           const QString& status, int received) {
+void OrderDataFixture::addLine(const QString& orderId, int line, const QString& code, int qty, Money price,
+                               const QString& status, int received) {
     exec(QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty, "
                         "recvdate) VALUES (?, ?, ?, '2020-03-11', ?, ?, ?, ?, ?, '1980-07-04')"),
          {orderId, line, code, status, qty, price.tenThousandths(), (price * qty).tenThousandths(), received});
 }
 
-QVariant OrderFixture::value(const QString& table, const QString& column, const QString& keyColumn,
-                             const QVariant& key) {
+QVariant OrderDataFixture::value(const QString& table, const QString& column, const QString& keyColumn,
+                                 const QVariant& key) {
     auto v =
         Sql::scalar(vendorDb(), QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(column, table, keyColumn), {key});
     return v ? v.value() : QVariant();
 }
 
-QString OrderFixture::orderStatus(const QString& orderId) {
+QString OrderDataFixture::orderStatus(const QString& orderId) {
     return value(QStringLiteral("orderhead"), QStringLiteral("status"), QStringLiteral("orderid"), orderId).toString();
 }
 
-QString OrderFixture::lineStatuses(const QString& orderId) {
+QString OrderDataFixture::lineStatuses(const QString& orderId) {
     auto v = Sql::scalar(vendorDb(),
                          QStringLiteral("SELECT group_concat(status, '') FROM "
                                         "(SELECT status FROM orderline WHERE orderid = ? ORDER BY line)"),
@@ -70,7 +70,7 @@ QString OrderFixture::lineStatuses(const QString& orderId) {
     return v ? v.value().toString() : QString();
 }
 
-QVariant OrderFixture::lineValue(const QString& orderId, int line, const QString& column) {
+QVariant OrderDataFixture::lineValue(const QString& orderId, int line, const QString& column) {
     auto v =
         Sql::scalar(vendorDb(), QStringLiteral("SELECT %1 FROM orderline WHERE orderid = ? AND line = ?").arg(column),
                     {orderId, line});
