@@ -28,9 +28,15 @@ Options parseOptions(const QStringList& arguments) {
     const QCommandLineOption splash(QStringLiteral("splash-ms"),
                                     QStringLiteral("Milliseconds of each splash pause (default 1000)."),
                                     QStringLiteral("N"), QStringLiteral("1000"));
-    const QCommandLineOption vendor(QStringLiteral("vendor"),
-                                    QStringLiteral("The vendor (its code) a headless run works on."),
-                                    QStringLiteral("CODE"));
+    const QCommandLineOption vendor(
+        QStringLiteral("vendor"),
+        QStringLiteral("The vendor (its code) that --import-items or --render-report works on."),
+        QStringLiteral("CODE"));
+    const QCommandLineOption importItems(
+        QStringLiteral("import-items"),
+        QStringLiteral("Import the price list FILE into the vendor's items without a window, then end "
+                       "(exit 0 done, 1 an incorrect line, 2 not started)."),
+        QStringLiteral("FILE"));
     const QCommandLineOption renderReport(QStringLiteral("render-report"),
                                           QStringLiteral("Write this report file as a PDF (needs --vendor and --pdf) "
                                                          "and exit, with no window."),
@@ -40,7 +46,8 @@ Options parseOptions(const QStringList& arguments) {
                                    QStringLiteral("name=value"));
     const QCommandLineOption pdf(QStringLiteral("pdf"), QStringLiteral("The PDF file --render-report writes."),
                                  QStringLiteral("FILE"));
-    parser.addOptions({help, version, dataDir, desktopDir, settings, splash, vendor, renderReport, param, pdf});
+    parser.addOptions(
+        {help, version, dataDir, desktopDir, settings, splash, vendor, importItems, renderReport, param, pdf});
     // Qt's own options (-style, -platform) are taken by QApplication before we see them.
     if (!parser.parse(arguments)) {
         options.error = parser.errorText();
@@ -52,6 +59,7 @@ Options parseOptions(const QStringList& arguments) {
     options.desktopDir = parser.value(desktopDir);
     options.settingsFile = parser.value(settings);
     options.vendorCode = parser.value(vendor);
+    options.importFile = parser.value(importItems);
     options.renderReport = parser.value(renderReport);
     options.pdfOutput = parser.value(pdf);
     for (const QString& pair : parser.values(param)) {
@@ -63,6 +71,8 @@ Options parseOptions(const QStringList& arguments) {
         }
         options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
     }
+    if (options.error.isEmpty() && !options.importFile.isEmpty() && !options.renderReport.isEmpty())
+        options.error = QStringLiteral("--import-items and --render-report are separate runs.");
     if (options.error.isEmpty() && !options.renderReport.isEmpty()) {
         if (options.vendorCode.isEmpty())
             options.error = QStringLiteral("--render-report needs --vendor CODE.");
@@ -72,6 +82,9 @@ Options parseOptions(const QStringList& arguments) {
     if (options.error.isEmpty() && options.renderReport.isEmpty() &&
         (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
         options.error = QStringLiteral("--pdf and --param go with --render-report.");
+    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
+        options.vendorCode.isEmpty() != options.importFile.isEmpty())
+        options.error = QStringLiteral("--vendor and --import-items are used together.");
     bool ok = false;
     const int ms = parser.value(splash).toInt(&ok);
     if (!ok || ms < 0) {

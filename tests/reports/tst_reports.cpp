@@ -12,6 +12,7 @@
 #include "shell/MenuMasks.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
+#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QCryptographicHash>
@@ -523,10 +524,8 @@ private:
     }
 
     static void openVendor(AppContext& context, const QString& code, const QString& name) {
-        context.closeVendorDb();
-        QVERIFY(Store::OpenVendorDatabase(context.dataDir(), Store::vendorFileName(code)));
-        context.CurrentVendorCode = code;
-        context.CurrentVendorName = name;
+        const Status opened = context.vendorSession().open(code, name);
+        QVERIFY2(opened, qPrintable(opened.message()));
     }
 
     static QList<bool> enabledEntries(MainWindow& window) {
