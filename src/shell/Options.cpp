@@ -6,48 +6,87 @@
 
 namespace ordwell {
 
-QString versionText() {
-    return QStringLiteral("%1.%2.%3").arg(ORDWELL_VERSION_MAJOR).arg(ORDWELL_VERSION_MINOR).arg(ORDWELL_VERSION_PATCH);
+namespace {
+
+QString S(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+// A value option's last occurrence wins, as with most programs.
+QString last(const QStringList& values) {
+    return values.isEmpty() ? QString() : values.constLast();
+}
+
+QString applySplashMs(Options& options, const QStringList& values) {
+    bool ok = false;
+    const int ms = last(values).toInt(&ok);
+    if (!ok || ms < 0)
+        return S("--splash-ms needs a whole number of milliseconds, 0 or more.");
+    options.splashMs = ms;
+    return {};
+}
+
+void addToParser(QCommandLineParser& parser) {
+    for (const OptionSpec& spec : optionTable())
+        parser.addOption(QCommandLineOption(spec.names, spec.help, spec.valueName));
+}
+
+} // namespace
+
+const std::vector<OptionSpec>& optionTable() {
+    // clang-format off
+    static const std::vector<OptionSpec> table{
+        {{S("h"), S("help")}, {}, S("Show this help."),
+         [](Options& o, const QStringList&) { o.showHelp = true; return QString(); }},
+        {{S("v"), S("version")}, {}, S("Show the version."),
+         [](Options& o, const QStringList&) { o.showVersion = true; return QString(); }},
+        {{S("data-dir")}, S("DIR"), S("Folder holding the databases and report files."),
+         [](Options& o, const QStringList& v) { o.dataDir = last(v); return QString(); }},
+        {{S("desktop-dir")}, S("DIR"), S("Folder used as the desktop (exports, file chooser)."),
+         [](Options& o, const QStringList& v) { o.desktopDir = last(v); return QString(); }},
+        {{S("settings")}, S("FILE"), S("Keep settings in this INI file."),
+         [](Options& o, const QStringList& v) { o.settingsFile = last(v); return QString(); }},
+        {{S("splash-ms")}, S("N"), S("Milliseconds of each splash pause (default 1000)."), applySplashMs},
+    };
+    // clang-format on
+    return table;
+}
+
+QString helpText() {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(S("Ordwell: purchase orders for a small organisation."));
+    addToParser(parser);
+    // Qt names the program after argv[0] (or "<executable_name>" before the application object
+    // exists); the help and the manual page name it as a user types it.
+    QString text = parser.helpText();
+    const qsizetype usageEnd = text.indexOf(S(" [options]"));
+    if (text.startsWith(S("Usage: ")) && usageEnd > 0)
+        text.replace(7, usageEnd - 7, S("ordwell"));
+    return text;
 }
 
 Options parseOptions(const QStringList& arguments) {
     Options options;
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Ordwell: purchase orders for a small organisation."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                     QStringLiteral("Show the version."));
-    const QCommandLineOption dataDir(QStringLiteral("data-dir"),
-                                     QStringLiteral("Folder holding the databases and report files."),
-                                     QStringLiteral("DIR"));
-    const QCommandLineOption desktopDir(QStringLiteral("desktop-dir"),
-                                        QStringLiteral("Folder used as the desktop (exports, file chooser)."),
-                                        QStringLiteral("DIR"));
-    const QCommandLineOption settings(QStringLiteral("settings"), QStringLiteral("Keep settings in this INI file."),
-                                      QStringLiteral("FILE"));
-    const QCommandLineOption splash(QStringLiteral("splash-ms"),
-                                    QStringLiteral("Milliseconds of each splash pause (default 1000)."),
-                                    QStringLiteral("N"), QStringLiteral("1000"));
-    parser.addOptions({help, version, dataDir, desktopDir, settings, splash});
+    addToParser(parser);
     // Qt's own options (-style, -platform) are taken by QApplication before we see them.
-    if (!parser.parse(arguments)) {
+    if (!parser.parse(arguments))
         options.error = parser.errorText();
+    for (const OptionSpec& spec : optionTable()) {
+        const QString& name = spec.names.constLast();
+        if (!parser.isSet(name))
+            continue;
+        const QStringList values = spec.valueName.isEmpty() ? QStringList() : parser.values(name);
+        const QString problem = spec.apply(options, values);
+        if (!problem.isEmpty() && options.error.isEmpty())
+            options.error = problem;
     }
-    options.helpText = parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("ordwell"));
-    options.showHelp = parser.isSet(help);
-    options.showVersion = parser.isSet(version);
-    options.dataDir = parser.value(dataDir);
-    options.desktopDir = parser.value(desktopDir);
-    options.settingsFile = parser.value(settings);
-    bool ok = false;
-    const int ms = parser.value(splash).toInt(&ok);
-    if (!ok || ms < 0) {
-        if (options.error.isEmpty())
-            options.error = QStringLiteral("--splash-ms needs a whole number of milliseconds, 0 or more.");
-    } else {
-        options.splashMs = ms;
-    }
+    options.helpText = helpText();
     return options;
+}
+
+QString versionText() {
+    return QStringLiteral("%1.%2.%3").arg(ORDWELL_VERSION_MAJOR).arg(ORDWELL_VERSION_MINOR).arg(ORDWELL_VERSION_PATCH);
 }
 
 QString resolveDataDir(const Options& options) {
