@@ -1,3 +1,4 @@
+#include "catalogue/HeadlessImport.h"
 #include "shell/Options.h"
 #include "shell/Program.h"
 
@@ -18,6 +19,17 @@ int main(int argc, char* argv[]) {
     if (early.showVersion) {
         QTextStream(stdout) << "Ordwell " << ordwell::versionText() << '\n';
         return 0;
+    }
+    if (!early.importFile.isEmpty() || !early.vendorCode.isEmpty()) {
+        // A command-line import needs no display.
+        QCoreApplication app(argc, argv);
+        QTextStream out(stdout);
+        QTextStream err(stderr);
+        if (!early.error.isEmpty()) {
+            err << early.error << Qt::endl;
+            return ordwell::HeadlessImport::NotStarted;
+        }
+        return ordwell::HeadlessImport::run(early, out, err);
     }
 
     QApplication app(argc, argv);

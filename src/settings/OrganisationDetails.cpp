@@ -2,6 +2,7 @@
 
 #include "common/Sql.h"
 #include "common/TextChecks.h"
+#include "store/Schemas.h"
 
 #include <QStringList>
 
@@ -10,19 +11,34 @@ namespace ordwell {
 namespace {
 
 const std::array<DetailsFieldInfo, DetailsFieldCount>& fieldTable() {
-    static const std::array<DetailsFieldInfo, DetailsFieldCount> table = {{
-        {QStringLiteral("Organisation"), QStringLiteral("location"), true, 50},
-        {QStringLiteral("Department"), QStringLiteral("department"), false, 35},
-        {QStringLiteral("Address"), QStringLiteral("add1"), true, 35},
-        {QStringLiteral("Address"), QStringLiteral("add2"), false, 35},
-        {QStringLiteral("Address"), QStringLiteral("add3"), false, 35},
-        {QStringLiteral("County"), QStringLiteral("county"), true, 15},
-        {QStringLiteral("Postcode"), QStringLiteral("postcode"), true, 9},
-        {QStringLiteral("Contact"), QStringLiteral("contact"), true, 55},
-        {QStringLiteral("Telephone"), QStringLiteral("telephone"), true, 20},
-        {QStringLiteral("Fax"), QStringLiteral("fax"), false, 20},
-        {QStringLiteral("E-mail"), QStringLiteral("email"), true, 45},
-    }};
+    static const std::array<DetailsFieldInfo, DetailsFieldCount> table = [] {
+        struct Row {
+            const char* caption;
+            const char* column;
+        };
+        static const Row rows[DetailsFieldCount] = {
+            {"Organisation", "location"}, {"Department", "department"},
+            {"Address", "add1"},          {"Address", "add2"},
+            {"Address", "add3"},          {"County", "county"},
+            {"Postcode", "postcode"},     {"Contact", "contact"},
+            {"Telephone", "telephone"},   {"Fax", "fax"},
+            {"E-mail", "email"},
+        };
+        const TableDef* sysset = systemSchema().table(QStringLiteral("Sysset"));
+        std::array<DetailsFieldInfo, DetailsFieldCount> out;
+        for (int field = 0; field < DetailsFieldCount; ++field) {
+            const QString column = QString::fromLatin1(rows[field].column);
+            DetailsFieldInfo& info = out[static_cast<std::size_t>(field)];
+            info = {QString::fromLatin1(rows[field].caption), column, false, 0};
+            for (const FieldDef& def : sysset->fields) {
+                if (def.name == column) {
+                    info.required = def.required;
+                    info.maxLength = def.size;
+                }
+            }
+        }
+        return out;
+    }();
     return table;
 }
 
@@ -46,36 +62,47 @@ const DetailsFieldInfo& detailsFieldInfo(int field) {
     return fieldTable().at(static_cast<std::size_t>(field));
 }
 
+QList<FieldSpec> detailsFieldTable() {
+    QList<FieldSpec> specs;
+    for (int field = 0; field < DetailsFieldCount; ++field) {
+        const DetailsFieldInfo& info = detailsFieldInfo(field);
+        FieldSpec spec;
+        spec.objectName = QStringLiteral("txtbox_%1").arg(field);
+        spec.caption = info.caption;
+        if (field >= Address1 && field <= Address3)
+            spec.accessibleName = QStringLiteral("Address line %1").arg(field - Address1 + 1);
+        spec.maxLength = info.maxLength;
+        spec.need = info.required ? FieldNeed::Required : FieldNeed::Optional;
+        spec.next = field + 1 < DetailsFieldCount ? field + 1 : NextIsSave;
+        spec.onEnter = [field](QString& text) { return DetailsRules::checkOnEnter(field, text); };
+        specs.append(spec);
+    }
+    return specs;
+}
+
 namespace DetailsRules {
 
 QList<DetailsProblem> validateForSave(OrganisationDetails& details) {
     details[Postcode] = UpperCaseCode(details[Postcode]);
-
-    QList<DetailsProblem> problems;
-    // Once one check has failed the rest stay quiet, except the postcode's characters: a
-    // postcode that could never be stored is always worth pointing out.
-    auto fail = [&](int box, const char* text, MessageIcon icon = MessageIcon::Exclamation) {
-        problems.append({QString::fromLatin1(text), SaveTitle, icon, box});
+    const auto problem = [](int box, const char* text, MessageIcon icon = MessageIcon::Exclamation) {
+        return DetailsProblem{QString::fromLatin1(text), SaveTitle, icon, box};
     };
-    auto valid = [&] { return problems.isEmpty(); };
+    const auto empty = [&details](int field) { return [&details, field] { return details[field].isEmpty(); }; };
 
-    if (details[Location].isEmpty())
-        fail(Location, "Please enter an organisation name", MessageIcon::Critical);
-    if (valid() && details[Address1].isEmpty())
-        fail(Address1, "Please enter a primary address");
-    if (valid() && details[County].isEmpty())
-        fail(County, "Please enter a County");
-    if ((valid() && details[Postcode].isEmpty()) || !isPostcode(details[Postcode]))
-        fail(Postcode, "Please enter a valid postcode");
-    if (valid() && details[Contact].isEmpty())
-        fail(Contact, "Please enter a contact name");
-    if (valid() && (details[Telephone].isEmpty() || !IsValidPhone(details[Telephone])))
-        fail(Telephone, "Please enter a valid phone number");
-    if (valid() && !IsValidPhone(details[Fax]))
-        fail(Fax, "Please enter a valid fax number");
-    if (valid() && details[Email].isEmpty())
-        fail(Email, "Please enter an E-mail address");
-    return problems;
+    CheckSequence checks;
+    checks.check(empty(Location), problem(Location, "Please enter an organisation name", MessageIcon::Critical))
+        .check(empty(Address1), problem(Address1, "Please enter a primary address"))
+        .check(empty(County), problem(County, "Please enter a County"));
+    // A postcode that could never be stored is worth pointing out even after an earlier failure.
+    checks.alwaysCheck(
+        [&] { return (checks.passing() && details[Postcode].isEmpty()) || !isPostcode(details[Postcode]); },
+        problem(Postcode, "Please enter a valid postcode"));
+    checks.check(empty(Contact), problem(Contact, "Please enter a contact name"))
+        .check([&] { return details[Telephone].isEmpty() || !IsValidPhone(details[Telephone]); },
+               problem(Telephone, "Please enter a valid phone number"))
+        .check([&] { return !IsValidPhone(details[Fax]); }, problem(Fax, "Please enter a valid fax number"))
+        .check(empty(Email), problem(Email, "Please enter an E-mail address"));
+    return checks.problems();
 }
 
 std::optional<DetailsProblem> checkOnEnter(int box, QString& text) {

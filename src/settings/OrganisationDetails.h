@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Prompter.h"
+#include "common/RecordFields.h"
 #include "common/Status.h"
 
 #include <QList>
@@ -37,7 +38,7 @@ struct OrganisationDetails {
 };
 
 // How one field is shown and stored: its caption, column, whether a value is required, and
-// the longest value the column holds.
+// the longest value the column holds (from the system database's schema).
 struct DetailsFieldInfo {
     QString caption;
     QString column;
@@ -47,15 +48,11 @@ struct DetailsFieldInfo {
 
 const DetailsFieldInfo& detailsFieldInfo(int field);
 
-// One refused entry: what to tell the user and which box to send them back to.
-struct DetailsProblem {
-    QString message;
-    QString title;
-    MessageIcon icon;
-    int box;
+// The window's field table: one box per field, "txtbox_N", Enter checking the box and moving
+// to the next one, from the last one to Save.
+QList<FieldSpec> detailsFieldTable();
 
-    bool operator==(const DetailsProblem& other) const = default;
-};
+using DetailsProblem = FieldProblem;
 
 namespace DetailsRules {
 

@@ -1,12 +1,12 @@
 #include "SysDefaultsForm.h"
 
 #include "common/FormHelpers.h"
+#include "common/RecordForm.h"
 #include "shell/MenuMasks.h"
 
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -19,10 +19,6 @@ namespace ordwell {
 namespace {
 
 const char* const ButtonCaptions[SysDefaultsForm::ButtonCount] = {"&Edit", "&Save", "&Cancel", "E&xit"};
-
-const QString ViewingMask = QStringLiteral("1001");
-const QString EditingMask = QStringLiteral("0110");
-const QString FirstEntryMask = QStringLiteral("0100");
 
 } // namespace
 
@@ -49,20 +45,16 @@ void SysDefaultsForm::buildForm() {
     layout->addWidget(m_instructions[1]);
     layout->addWidget(m_instructions[0]);
 
+    m_record = new RecordForm(
+        this, [this]() -> Prompter& { return context().prompter(); }, detailsFieldTable());
     auto* grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
     const int charWidth = QFontMetrics(font()).averageCharWidth();
     for (int field = 0; field < DetailsFieldCount; ++field) {
         const DetailsFieldInfo& info = detailsFieldInfo(field);
-        auto* box = new QLineEdit(this);
-        box->setObjectName(QStringLiteral("txtbox_%1").arg(field));
-        box->setMaxLength(info.maxLength);
-        box->installEventFilter(this);
-        auto* caption = new QLabel(info.caption, this);
+        QLineEdit* box = m_record->box(field);
+        QLabel* caption = m_record->caption(field);
         caption->setObjectName(QStringLiteral("lbltext_%1").arg(field));
-        caption->setBuddy(box);
-        if (field >= Address1 && field <= Address3)
-            box->setAccessibleName(QStringLiteral("Address line %1").arg(field - Address1 + 1));
 
         // Short fields get boxes about their own length; the rest share the full width.
         Qt::Alignment alignment;
@@ -74,7 +66,6 @@ void SysDefaultsForm::buildForm() {
         }
         grid->addWidget(caption, field, 0);
         grid->addWidget(box, field, 1, alignment);
-        m_boxes.append(box);
     }
     layout->addLayout(grid);
 
@@ -92,6 +83,12 @@ void SysDefaultsForm::buildForm() {
     layout->addSpacing(4);
     layout->addLayout(buttons);
     layout->addStretch(1);
+
+    m_record->setButtons(m_buttons, SaveButton);
+    m_record->addState(Viewing, {QStringLiteral("1001"), {}, {}});
+    const auto all = [](int) { return true; };
+    m_record->addState(Editing, {QStringLiteral("0110"), all, {}});
+    m_record->addState(FirstEntry, {QStringLiteral("0100"), all, {}});
 }
 
 QString SysDefaultsForm::loadMask() const {
@@ -106,13 +103,11 @@ QAbstractButton* SysDefaultsForm::closeBoxButton() const {
     return m_buttons.at(ExitButton);
 }
 
-void SysDefaultsForm::ApplyButtonMask(const QString& mask) {
-    applyButtonMask(m_buttons, mask);
-}
-
-void SysDefaultsForm::LockDetails(bool locked) {
-    for (int field = 0; field < DetailsFieldCount; ++field)
-        lockBox(m_boxes.at(field), locked, detailsFieldInfo(field).required);
+void SysDefaultsForm::enterState(State state) {
+    m_record->enterState(state);
+    // The instructions belong to the first entry only.
+    for (QLabel* line : m_instructions)
+        line->setVisible(state == FirstEntry);
 }
 
 void SysDefaultsForm::ShowDetails() {
@@ -124,10 +119,8 @@ void SysDefaultsForm::ShowDetails() {
     // The boxes show exactly what is stored: a value typed into an empty optional field and
     // then cancelled must not look as if it had been kept.
     const OrganisationDetails details = stored.value().value_or(OrganisationDetails{});
-    for (int field = 0; field < DetailsFieldCount; ++field) {
-        if (m_boxes.at(field)->text() != details[field])
-            m_boxes.at(field)->setText(details[field]);
-    }
+    for (int field = 0; field < DetailsFieldCount; ++field)
+        m_record->setText(field, details[field]);
 }
 
 void SysDefaultsForm::InitialState() {
@@ -135,45 +128,34 @@ void SysDefaultsForm::InitialState() {
     if (!stored) {
         // Unreadable: show nothing, but leave the way out open.
         context().prompter().message(stored.message(), QString(), MessageIcon::Critical);
-        ApplyButtonMask(ViewingMask);
-        LockDetails(true);
+        enterState(Viewing);
         return;
     }
     if (stored.value()) {
         const OrganisationDetails& details = *stored.value();
         for (int field = 0; field < DetailsFieldCount; ++field)
-            m_boxes.at(field)->setText(details[field]);
-        ApplyButtonMask(ViewingMask);
-        LockDetails(true);
+            m_record->setText(field, details[field]);
+        enterState(Viewing);
         return;
     }
     m_firstEntry = true;
-    ApplyButtonMask(FirstEntryMask);
-    LockDetails(false);
+    enterState(FirstEntry);
     context().ApplyMenuMask(MenuMasks::FirstEntry);
-    for (QLabel* line : m_instructions)
-        line->show();
 }
 
 OrganisationDetails SysDefaultsForm::typedDetails() const {
     OrganisationDetails details;
     for (int field = 0; field < DetailsFieldCount; ++field)
-        details[field] = m_boxes.at(field)->text();
+        details[field] = m_record->text(field);
     return details;
-}
-
-void SysDefaultsForm::report(const DetailsProblem& problem) {
-    context().prompter().message(problem.message, problem.title, problem.icon);
-    focusOn(m_boxes.at(problem.box));
 }
 
 bool SysDefaultsForm::ValidateDetails() {
     OrganisationDetails details = typedDetails();
     const QList<DetailsProblem> problems = DetailsRules::validateForSave(details);
-    if (m_boxes.at(Postcode)->text() != details[Postcode])
-        m_boxes.at(Postcode)->setText(details[Postcode]);
+    m_record->setText(Postcode, details[Postcode]);
     for (const DetailsProblem& problem : problems)
-        report(problem);
+        m_record->report(problem);
     return problems.isEmpty();
 }
 
@@ -189,18 +171,14 @@ bool SysDefaultsForm::SaveDetails() {
 void SysDefaultsForm::onButton(int index) {
     switch (index) {
     case EditButton:
-        ApplyButtonMask(EditingMask);
-        LockDetails(false);
+        enterState(Editing);
         break;
     case SaveButton:
         // A refused or failed save leaves the window editing with everything as typed.
         if (!ValidateDetails() || !SaveDetails())
             return;
         m_firstEntry = false;
-        ApplyButtonMask(ViewingMask);
-        LockDetails(true);
-        for (QLabel* line : m_instructions)
-            line->hide();
+        enterState(Viewing);
         // Take back the room the instruction lines had, rather than leave a gap below.
         layout()->activate();
         if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
@@ -209,12 +187,10 @@ void SysDefaultsForm::onButton(int index) {
         break;
     case CancelButton:
         ShowDetails();
-        ApplyButtonMask(ViewingMask);
-        LockDetails(true);
+        enterState(Viewing);
         break;
     case ExitButton:
-        ApplyButtonMask(ViewingMask);
-        LockDetails(true);
+        enterState(Viewing);
         finishToolWindow();
         break;
     default:
@@ -222,37 +198,9 @@ void SysDefaultsForm::onButton(int index) {
     }
 }
 
-void SysDefaultsForm::onEnter(int box) {
-    QLineEdit* edit = m_boxes.at(box);
-    QString text = edit->text();
-    const std::optional<DetailsProblem> problem = DetailsRules::checkOnEnter(box, text);
-    if (text != edit->text())
-        edit->setText(text);
-    if (problem) {
-        report(*problem);
-        return;
-    }
-    if (box + 1 < DetailsFieldCount)
-        focusOn(m_boxes.at(box + 1));
-    else if (m_buttons.at(SaveButton)->isEnabled())
-        focusOn(m_buttons.at(SaveButton));
-}
-
-bool SysDefaultsForm::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        const int box = m_boxes.indexOf(qobject_cast<QLineEdit*>(watched));
-        if (box >= 0 && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-            onEnter(box);
-            return true;
-        }
-    }
-    return ToolWindow::eventFilter(watched, event);
-}
-
 void SysDefaultsForm::focusOnActivation() {
-    focusOn(m_boxes.at(Location)->text().isEmpty() ? static_cast<QWidget*>(m_boxes.at(Location))
-                                                   : m_buttons.at(EditButton));
+    focusOn(m_record->text(Location).isEmpty() ? static_cast<QWidget*>(m_record->box(Location))
+                                               : m_buttons.at(EditButton));
 }
 
 void SysDefaultsForm::showEvent(QShowEvent* event) {

@@ -7,10 +7,11 @@
 
 class QAbstractButton;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace ordwell {
+
+class RecordForm;
 
 // frmsysdefaults: the organisation's own details, shown read-only until Edit opens them.
 // While nothing has been stored yet the window can only be left by saving valid details.
@@ -18,14 +19,15 @@ class SysDefaultsForm : public ToolWindow {
     Q_OBJECT
 public:
     enum Button { EditButton, SaveButton, CancelButton, ExitButton, ButtonCount };
+    // Details shown locked; open for editing; open before anything has been stored.
+    enum State { Viewing, Editing, FirstEntry };
 
     explicit SysDefaultsForm(AppContext& context, QWidget* parent = nullptr);
 
     // True from opening on an empty table until the first valid save.
     bool isFirstEntry() const { return m_firstEntry; }
 
-    void ApplyButtonMask(const QString& mask);
-    void LockDetails(bool locked);
+    void enterState(State state);
     void ShowDetails();
     bool ValidateDetails();
     bool SaveDetails();
@@ -34,18 +36,15 @@ public:
 protected:
     QString loadMask() const override;
     QAbstractButton* closeBoxButton() const override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
     void buildForm();
     void onButton(int index);
-    void onEnter(int box);
     void focusOnActivation();
     OrganisationDetails typedDetails() const;
-    void report(const DetailsProblem& problem);
 
-    QList<QLineEdit*> m_boxes;
+    RecordForm* m_record = nullptr;
     QList<QAbstractButton*> m_buttons;
     QLabel* m_instructions[2] = {nullptr, nullptr};
     bool m_firstEntry = false;

@@ -2,13 +2,17 @@
 
 #include "store/DatabaseFile.h"
 #include "store/Store.h"
+#include "vendors/VendorSession.h"
 
 #include <QDir>
 
 namespace ordwell {
 
 AppContext::AppContext(QString dataDir, QString settingsFile, Prompter& prompter)
-    : m_dataDir(std::move(dataDir)), m_settingsFile(std::move(settingsFile)), m_prompter(&prompter) {}
+    : m_dataDir(std::move(dataDir)), m_settingsFile(std::move(settingsFile)), m_prompter(&prompter),
+      m_vendorSession(std::make_unique<VendorSession>(*this)) {}
+
+AppContext::~AppContext() = default;
 
 QString AppContext::dataFile(const QString& name) const {
     return QDir(m_dataDir).filePath(name);
@@ -35,7 +39,7 @@ QSqlDatabase AppContext::systemDb() const {
 }
 
 QSqlDatabase AppContext::vendorDb() const {
-    return QSqlDatabase::database(Store::VendorConnection, false);
+    return m_vendorSession->db();
 }
 
 bool AppContext::hasSystemDb() const {
@@ -51,7 +55,7 @@ void AppContext::closeSystemDb() {
 }
 
 void AppContext::closeVendorDb() {
-    DatabaseFile::close(Store::VendorConnection);
+    m_vendorSession->close();
 }
 
 bool AppContext::takeSystemLock() {

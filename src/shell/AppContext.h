@@ -11,6 +11,8 @@
 
 namespace ordwell {
 
+class VendorSession;
+
 // What the main window offers every tool window: the menu mask and the status text.
 class MenuHost {
 public:
@@ -23,6 +25,9 @@ public:
 class AppContext {
 public:
     AppContext(QString dataDir, QString settingsFile, Prompter& prompter);
+    ~AppContext();
+    AppContext(const AppContext&) = delete;
+    AppContext& operator=(const AppContext&) = delete;
 
     // Where the databases, the agreement and the report files live.
     const QString& dataDir() const { return m_dataDir; }
@@ -48,11 +53,16 @@ public:
     // The per-user settings store: the INI file given at start-up, else the platform's.
     std::unique_ptr<QSettings> settings() const;
 
+    // The open vendor; everything vendor-level works through it.
+    VendorSession& vendorSession() const { return *m_vendorSession; }
+
     QSqlDatabase systemDb() const;
+    // The open vendor's connection (the session's).
     QSqlDatabase vendorDb() const;
     bool hasSystemDb() const;
     bool hasVendorDb() const;
     void closeSystemDb();
+    // Closes the open vendor through the session.
     void closeVendorDb();
 
     // The lock beside the system database that keeps a second copy of the program out.
@@ -67,6 +77,8 @@ public:
     QString ChosenFilePath;
     int OpenWindowCount = 0;
     bool AgreementAccepted = true;
+    // Kept equal to the session's code and name by the session; read them, open and close
+    // vendors through vendorSession().
     QString CurrentVendorCode;
     QString CurrentVendorName;
 
@@ -77,6 +89,7 @@ private:
     MenuHost* m_menuHost = nullptr;
     std::unique_ptr<QLockFile> m_lock;
     std::function<void(const QString&)> m_orderFormOpener;
+    std::unique_ptr<VendorSession> m_vendorSession;
 };
 
 } // namespace ordwell

@@ -4,6 +4,7 @@
 #include "shell/SplashWindow.h"
 #include "shell/ToolWindow.h"
 #include "store/Store.h"
+#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QApplication>
@@ -88,6 +89,7 @@ MainWindow::MainWindow(AppContext& context, QWidget* parent) : QMainWindow(paren
     buildMenus();
     buildStatusBar();
     m_context.setMenuHost(this);
+    followVendorSession();
     restorePlacement();
     // The desktop session ending is not the user closing the window: that close is let through.
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { m_sessionEnding = true; });
@@ -120,6 +122,27 @@ void MainWindow::buildMenus() {
     }
 }
 
+void MainWindow::followVendorSession() {
+    // Panel 1 always names the open vendor. The menus follow the session only while no tool
+    // window is open: an open window owns the mask until it leaves (the chooser applies the
+    // vendor-open mask itself as it closes).
+    VendorSession& session = m_context.vendorSession();
+    connect(&session, &VendorSession::vendorOpened, this, [this](const QString&, const QString& name) {
+        if (m_exiting)
+            return;
+        ShowStatus(name);
+        if (m_context.OpenWindowCount < 1)
+            ApplyMenuMask(MenuMasks::VendorOpen);
+    });
+    connect(&session, &VendorSession::vendorClosed, this, [this] {
+        if (m_exiting)
+            return;
+        ShowStatus(QString());
+        if (m_context.OpenWindowCount < 1)
+            ApplyMenuMask(MenuMasks::NoVendor);
+    });
+}
+
 void MainWindow::buildStatusBar() {
     QStatusBar* bar = statusBar();
     bar->setObjectName(QStringLiteral("sbStatusBar"));
@@ -131,9 +154,10 @@ void MainWindow::buildStatusBar() {
         m_panels[i]->setFrameShadow(QFrame::Sunken);
         bar->addPermanentWidget(m_panels[i], i == 0 ? 2 : 1);
     }
-    m_panels[0]->setAccessibleName(QStringLiteral("Vendor"));
-    m_panels[1]->setAccessibleName(QStringLiteral("Date"));
-    m_panels[2]->setAccessibleName(QStringLiteral("Time"));
+    // The panels' texts are what a screen reader reads; these only say what each one is.
+    m_panels[0]->setAccessibleDescription(QStringLiteral("Open vendor"));
+    m_panels[1]->setAccessibleDescription(QStringLiteral("Date"));
+    m_panels[2]->setAccessibleDescription(QStringLiteral("Time"));
     updateClock();
     auto* clock = new QTimer(this);
     connect(clock, &QTimer::timeout, this, &MainWindow::updateClock);
@@ -307,9 +331,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::shutDown() {
     m_exiting = true;
-    if (!m_context.CurrentVendorCode.isEmpty())
-        m_context.CurrentVendorCode.clear();
-    m_context.closeVendorDb();
+    m_context.vendorSession().close();
     m_context.closeSystemDb();
     m_context.releaseSystemLock();
 }

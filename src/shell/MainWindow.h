@@ -58,6 +58,7 @@ protected:
 private:
     void buildMenus();
     void buildStatusBar();
+    void followVendorSession();
     void restorePlacement();
     void savePlacement();
     void onFirstActivation();

@@ -3,9 +3,9 @@
 #include "common/Prompter.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "store/Compaction.h"
 #include "store/Store.h"
+#include "vendors/VendorSession.h"
 
 namespace ordwell::Maintenance {
 
@@ -35,22 +35,21 @@ void compactSystem(AppContext& context, MainWindow& mainWindow) {
 }
 
 void compactVendor(AppContext& context) {
-    const QString code = context.CurrentVendorCode;
-    if (code.isEmpty())
+    VendorSession& session = context.vendorSession();
+    if (!session.isOpen())
         return;
-    context.closeVendorDb();
+    session.detachDatabase();
     reportCompaction(context.prompter(),
-                     CompactDatabase(Store::vendorDatabasePath(context.dataDir(), code), context.dataDir()));
-    auto reopened = Store::OpenVendorDatabase(context.dataDir(), Store::vendorFileName(code));
+                     CompactDatabase(Store::vendorDatabasePath(context.dataDir(), session.code()), context.dataDir()));
+    // Reopened whatever the outcome: a failed compaction leaves the original file in place.
+    const Status reopened = session.attachDatabase();
     if (!reopened) {
         context.prompter().message(
             QStringLiteral("The vendor's database could not be opened again, so the vendor has been closed.\n%1")
                 .arg(reopened.message()),
             QString(), MessageIcon::Critical);
-        context.CurrentVendorCode.clear();
-        context.CurrentVendorName.clear();
-        context.ApplyMenuMask(MenuMasks::NoVendor);
-        context.ShowStatus(QString());
+        // The main window follows: no-vendor menus, "No Vendor Selected".
+        session.close();
     }
 }
 

@@ -1,10 +1,13 @@
 #include "MenuWiring.h"
 
+#include "catalogue/ItemForm.h"
+#include "catalogue/ItemImportCommand.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "shell/Maintenance.h"
 #include "vendors/DeactivateVendorForm.h"
+#include "vendors/VendorChooserForm.h"
 #include "vendors/VendorRecordsForm.h"
 
 #include <QMdiArea>
@@ -42,10 +45,14 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnucompvend"), [&context] { Maintenance::compactVendor(context); });
 
     // The vendor chooser.
+    mainWindow.setMenuHandler(QStringLiteral("mnuswven"), singleWindow<VendorChooserForm>(mainWindow, context));
 
     // The catalogue: items.
+    mainWindow.setMenuHandler(QStringLiteral("mnueditms"), singleWindow<ItemForm>(mainWindow, context));
 
     // The catalogue: import, barcode rules, find.
+    mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
+                              [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
 
     // Orders.
 

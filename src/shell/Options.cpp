@@ -47,6 +47,12 @@ const std::vector<OptionSpec>& optionTable() {
         {{S("settings")}, S("FILE"), S("Keep settings in this INI file."),
          [](Options& o, const QStringList& v) { o.settingsFile = last(v); return QString(); }},
         {{S("splash-ms")}, S("N"), S("Milliseconds of each splash pause (default 1000)."), applySplashMs},
+        {{S("vendor")}, S("CODE"), S("The vendor (its code) that --import-items works on."),
+         [](Options& o, const QStringList& v) { o.vendorCode = last(v); return QString(); }},
+        {{S("import-items")}, S("FILE"),
+         S("Import the price list FILE into the vendor's items without a window, then end "
+           "(exit 0 done, 1 an incorrect line, 2 not started)."),
+         [](Options& o, const QStringList& v) { o.importFile = last(v); return QString(); }},
     };
     // clang-format on
     return table;
@@ -81,6 +87,8 @@ Options parseOptions(const QStringList& arguments) {
         if (!problem.isEmpty() && options.error.isEmpty())
             options.error = problem;
     }
+    if (options.error.isEmpty() && options.vendorCode.isEmpty() != options.importFile.isEmpty())
+        options.error = S("--vendor and --import-items are used together.");
     options.helpText = helpText();
     return options;
 }

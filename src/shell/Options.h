@@ -13,6 +13,8 @@ struct Options {
     QString desktopDir;   // empty: the user's desktop
     QString settingsFile; // empty: the platform's settings store; else an INI file
     int splashMs = 1000;  // each of the splash's two pauses
+    QString vendorCode;   // --vendor: the vendor a command-line import works on
+    QString importFile;   // --import-items: import this price list without a window, then end
     bool showHelp = false;
     bool showVersion = false;
     QString helpText;

@@ -49,6 +49,7 @@ SplashWindow::SplashWindow(AppContext& context, QWidget* parent)
 
     m_status = new QLabel(this);
     m_status->setObjectName(QStringLiteral("Label3"));
+    m_status->setAccessibleDescription(QStringLiteral("Start-up progress"));
 
     m_exit = new QPushButton(QStringLiteral("&Exit"), this);
     m_exit->setObjectName(QStringLiteral("Command1"));

@@ -3,6 +3,7 @@
 #include "common/Sql.h"
 #include "common/TextChecks.h"
 #include "store/DatabaseFile.h"
+#include "store/Schemas.h"
 #include "store/Store.h"
 #include "vendors/VendorRepository.h"
 
@@ -13,44 +14,25 @@
 
 namespace ordwell {
 
-const std::array<VendorDetailColumn, VendorDetailCount>& vendorDetailColumns() {
-    static const std::array<VendorDetailColumn, VendorDetailCount> columns = {{
-        {"customerid", "Customer ID", 12, DetailKind::Required},
-        {"add1", "Address", 35, DetailKind::Required},
-        {"add2", "Address", 35, DetailKind::Optional},
-        {"add3", "Address", 35, DetailKind::Optional},
-        {"county", "County", 15, DetailKind::Required},
-        {"postcode", "Postcode", 9, DetailKind::Required},
-        {"repname", "Rep. Name", 55, DetailKind::Required},
-        {"reptel", "Rep. Phone", 20, DetailKind::Optional},
-        {"repemail", "Rep. Email", 45, DetailKind::Optional},
-        {"contactname", "Contact Name", 55, DetailKind::Optional},
-        {"contacttel", "Contact Phone", 20, DetailKind::Optional},
-        {"contactfax", "Contact Fax", 20, DetailKind::Optional},
-        {"contactemail", "Contact Email", 45, DetailKind::Optional},
-        {"nextord", "Next Order", 0, DetailKind::NeverEditable},
-        {"ordform", "Order Form", 0, DetailKind::NeverEditable},
-    }};
-    return columns;
-}
-
 bool VendorDetails::isEmpty() const {
     for (const QString& v : values) {
         if (!v.isEmpty())
             return false;
     }
-    return true;
+    return !nextOrder && orderForm.isEmpty();
 }
 
 namespace VendorRecords {
 
 namespace {
 
-// The thirteen columns the user types in, CustomerId .. ContactEmail.
-constexpr int TypedCount = static_cast<int>(VendorField::NextOrder);
+// The `vendor` table's columns, in VendorField order (CustomerId .. OrderForm).
+const char* const DetailColumns[VendorDetailCount] = {
+    "customerid", "add1",        "add2",       "add3",       "county",       "postcode", "repname", "reptel",
+    "repemail",   "contactname", "contacttel", "contactfax", "contactemail", "nextord",  "ordform"};
 
 QString column(int index) {
-    return QString::fromLatin1(vendorDetailColumns()[index].column);
+    return QString::fromLatin1(DetailColumns[index]);
 }
 
 QString native(const QString& path) {
@@ -81,16 +63,15 @@ struct ConnectionCloser {
     ~ConnectionCloser() { DatabaseFile::close(ConnectionName); }
 };
 
-Status writeRow(const QSqlDatabase& db, const QString& code, const VendorDetails& values, qint64 nextOrder,
-                const QString& orderForm, bool insert) {
+Status writeRow(const QSqlDatabase& db, const QString& code, const VendorDetails& values, bool insert) {
     QStringList columns;
     QVariantList bound;
-    for (int i = 0; i < TypedCount; ++i) {
+    for (int i = 0; i < TypedDetailCount; ++i) {
         columns << column(i);
         bound << Sql::textOrNull(values.values[i]);
     }
     columns << QStringLiteral("nextord") << QStringLiteral("ordform");
-    bound << nextOrder << orderForm;
+    bound << values.nextOrder.value_or(0) << values.orderForm;
     QString sql;
     if (insert) {
         columns.prepend(QStringLiteral("vendorid"));
@@ -183,10 +164,14 @@ LoadedDetails LoadVendorDetails(const QString& dataDir, const QString& code) {
         // Only a single row is the vendor's: none or several leave the details empty.
         if (++rows > 1)
             break;
-        for (int i = 0; i < VendorDetailCount; ++i) {
+        for (int i = 0; i < TypedDetailCount; ++i) {
             const QVariant v = q.value(i);
             found.values[i] = v.isNull() ? QString() : v.toString();
         }
+        const QVariant next = q.value(int(VendorField::NextOrder));
+        if (!next.isNull())
+            found.nextOrder = next.toInt();
+        found.orderForm = q.value(int(VendorField::OrderForm)).toString();
     }
     q.finish();
     if (rows == 1)
@@ -199,9 +184,9 @@ Result<VendorDetails> SaveVendorDetails(const QString& dataDir, const QString& c
     const auto cannotSave = [&code](const QString& why) {
         return Status::fail(QStringLiteral("The details of vendor %1 could not be saved.\n%2").arg(code, why));
     };
-    VendorDetails stored;
-    for (int i = 0; i < VendorDetailCount; ++i)
-        stored.values[i] = details.values[i].trimmed();
+    VendorDetails stored = details;
+    for (QString& text : stored.values)
+        text = text.trimmed();
 
     ConnectionCloser closer;
     auto db = Store::OpenVendorDatabase(dataDir, Store::vendorFileName(code), ConnectionName);
@@ -219,19 +204,14 @@ Result<VendorDetails> SaveVendorDetails(const QString& dataDir, const QString& c
         insert = rows.value().toInt() == 0;
     }
 
-    QString& nextOrder = stored[VendorField::NextOrder];
-    QString& orderForm = stored[VendorField::OrderForm];
-    if (mode == SaveMode::New || nextOrder.isEmpty())
-        nextOrder = FirstOrderNumber;
+    if (mode == SaveMode::New || !stored.nextOrder)
+        stored.nextOrder = FirstOrderNumber;
     // The report the user imported while adding is kept; otherwise the shared one.
-    if (orderForm.isEmpty())
-        orderForm = defaultReportPath(dataDir);
-    bool isNumber = false;
-    const qint64 number = nextOrder.toLongLong(&isNumber);
-    if (!isNumber)
-        return cannotSave(QStringLiteral("The next order number \"%1\" is not a whole number.").arg(nextOrder));
+    stored.orderForm = stored.orderForm.trimmed();
+    if (stored.orderForm.isEmpty())
+        stored.orderForm = defaultReportPath(dataDir);
 
-    const Status written = writeRow(*db, code.trimmed(), stored, number, orderForm, insert);
+    const Status written = writeRow(*db, code.trimmed(), stored, insert);
     if (!written)
         return cannotSave(written.message());
     return stored;
@@ -297,70 +277,103 @@ VendorCheck ValidateVendorDetails(const VendorDetails& d) {
     return rewritten(check(), VendorField::Postcode, postcode);
 }
 
-EnterCheck enterKeyCheck(VendorField box, const QString& text) {
+QList<FieldSpec> vendorFieldTable() {
+    struct Row {
+        const char* caption;
+        FieldNeed need;
+        VendorField next;
+        const char* refusal; // Enter's message for a blank required box
+    };
+    using F = VendorField;
+    const FieldNeed Req = FieldNeed::Required;
+    const FieldNeed Opt = FieldNeed::Optional;
+    static const Row rows[VendorDetailCount] = {
+        {"Customer ID", Req, F::Address1, "Please enter a customer ID"},
+        {"Address", Req, F::Address2, "Please enter an address"},
+        {"Address", Opt, F::Address3, nullptr},
+        {"Address", Opt, F::County, nullptr},
+        {"County", Req, F::Postcode, "Please enter a county"},
+        {"Postcode", Req, F::RepName, "Please enter a postcode"},
+        {"Rep. Name", Req, F::RepPhone, "Please enter a representatives name"},
+        {"Rep. Phone", Opt, F::RepEmail, nullptr},
+        {"Rep. Email", Opt, F::ContactName, nullptr},
+        {"Contact Name", Opt, F::ContactPhone, nullptr},
+        {"Contact Phone", Opt, F::ContactFax, nullptr},
+        {"Contact Fax", Opt, F::ContactEmail, nullptr},
+        {"Contact Email", Opt, F::NextOrder, nullptr},
+        {"Next Order", FieldNeed::Fixed, F::NextOrder, nullptr},
+        {"Order Form", FieldNeed::Fixed, F::NextOrder, nullptr},
+    };
     const QString title = QStringLiteral("Invalid Data");
-    const auto next = [](VendorField field) {
-        EnterCheck out;
-        out.next = field;
-        return out;
+    const auto refusal = [title](F field, const QString& message) {
+        return FieldProblem{message, title, MessageIcon::Exclamation, int(field)};
     };
-    const auto refuse = [&](const QString& message, const QString& messageTitle) {
-        EnterCheck out;
-        out.check = failAt(box, message, messageTitle);
-        return out;
-    };
-    const auto required = [&](const QString& message, VendorField then) {
-        return blank(text) ? refuse(message, title) : next(then);
-    };
-    const auto phone = [&](VendorField then) {
-        return IsValidPhone(text) ? next(then) : refuse(QStringLiteral("Please enter a valid phone number"), title);
-    };
-    switch (box) {
-    case VendorField::CompanyName:
-        return blank(text) ? refuse(QStringLiteral("Please enter a company name"), QStringLiteral("No Company name"))
-                           : next(VendorField::Shortcode);
-    case VendorField::CustomerId:
-        return required(QStringLiteral("Please enter a customer ID"), VendorField::Address1);
-    case VendorField::Address1:
-        return required(QStringLiteral("Please enter an address"), VendorField::Address2);
-    case VendorField::Address2:
-        return next(VendorField::Address3);
-    case VendorField::Address3:
-        return next(VendorField::County);
-    case VendorField::County:
-        return required(QStringLiteral("Please enter a county"), VendorField::Postcode);
-    case VendorField::Postcode: {
+
+    QList<FieldSpec> specs;
+    for (int i = 0; i < VendorDetailCount; ++i) {
+        const Row& row = rows[i];
+        const F field = F(i);
+        FieldSpec spec;
+        spec.objectName = QStringLiteral("txtbox_%1").arg(i);
+        spec.caption = QString::fromLatin1(row.caption);
+        spec.need = row.need;
+        if (row.need != FieldNeed::Fixed) {
+            spec.maxLength = columnLength(vendorSchema(), QStringLiteral("vendor"), column(i));
+            spec.next = int(row.next);
+        }
+        if (field == F::NextOrder)
+            spec.kind = FieldKind::Number;
+        if (field >= F::Address1 && field <= F::Address3)
+            spec.accessibleName = QStringLiteral("Address line %1").arg(i - int(F::Address1) + 1);
+        if (row.refusal) {
+            const QString message = QString::fromLatin1(row.refusal);
+            spec.onEnter = [=](QString& text) -> std::optional<FieldProblem> {
+                if (blank(text))
+                    return refusal(field, message);
+                return std::nullopt;
+            };
+        }
+        specs.append(spec);
+    }
+    specs[int(F::Postcode)].onEnter = [=](QString& text) -> std::optional<FieldProblem> {
         if (blank(text))
-            return refuse(QStringLiteral("Please enter a postcode"), title);
-        const QString upper = UpperCaseCode(text);
-        EnterCheck out = IsValidCode(upper, true) ? next(VendorField::RepName)
-                                                  : refuse(QStringLiteral("Please enter a valid postcode"), title);
-        out.check = rewritten(out.check, VendorField::Postcode, upper);
-        return out;
+            return refusal(F::Postcode, QStringLiteral("Please enter a postcode"));
+        text = UpperCaseCode(text);
+        if (!IsValidCode(text, true))
+            return refusal(F::Postcode, QStringLiteral("Please enter a valid postcode"));
+        return std::nullopt;
+    };
+    for (F phone : {F::RepPhone, F::ContactPhone, F::ContactFax}) {
+        specs[int(phone)].onEnter = [=](QString& text) -> std::optional<FieldProblem> {
+            if (!IsValidPhone(text))
+                return refusal(phone, QStringLiteral("Please enter a valid phone number"));
+            return std::nullopt;
+        };
     }
-    case VendorField::RepName:
-        return required(QStringLiteral("Please enter a representatives name"), VendorField::RepPhone);
-    case VendorField::RepPhone:
-        return phone(VendorField::RepEmail);
-    case VendorField::RepEmail:
-        return next(VendorField::ContactName);
-    case VendorField::ContactName:
-        return next(VendorField::ContactPhone);
-    case VendorField::ContactPhone:
-        return phone(VendorField::ContactFax);
-    case VendorField::ContactFax:
-        return phone(VendorField::ContactEmail);
-    case VendorField::ContactEmail: {
-        EnterCheck out;
-        out.toSave = true;
-        return out;
-    }
-    case VendorField::NextOrder:
-    case VendorField::OrderForm:
-    case VendorField::Shortcode:
-        break;
-    }
-    return {};
+    specs[int(F::ContactEmail)].next = NextIsSave;
+
+    FieldSpec company;
+    company.objectName = QStringLiteral("txtcomp_0");
+    company.caption = QStringLiteral("Company Name");
+    company.maxLength = columnLength(systemSchema(), QStringLiteral("vendors"), QStringLiteral("vendor"));
+    company.need = FieldNeed::Required;
+    company.next = int(F::Shortcode);
+    company.onEnter = [](QString& text) -> std::optional<FieldProblem> {
+        if (blank(text))
+            return FieldProblem{QStringLiteral("Please enter a company name"), QStringLiteral("No Company name"),
+                                MessageIcon::Exclamation, int(F::CompanyName)};
+        return std::nullopt;
+    };
+    specs.append(company);
+
+    FieldSpec shortcode;
+    shortcode.objectName = QStringLiteral("txtcomp_1");
+    shortcode.caption = QStringLiteral("Shortcode");
+    shortcode.maxLength = ShortcodeLength;
+    shortcode.need = FieldNeed::Required;
+    shortcode.next = NextIsSave;
+    specs.append(shortcode);
+    return specs;
 }
 
 Status CreateVendorEntry(const QSqlDatabase& systemDb, const QString& dataDir, const QString& companyName,

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "common/Prompter.h"
+#include "common/RecordFields.h"
 #include "common/Status.h"
 
+#include <QList>
 #include <QSqlDatabase>
 #include <QString>
 #include <array>
@@ -33,30 +35,23 @@ enum class VendorField {
 };
 
 inline constexpr int VendorDetailCount = 15;
+// The thirteen details the user types in, CustomerId .. ContactEmail.
+inline constexpr int TypedDetailCount = static_cast<int>(VendorField::NextOrder);
+inline constexpr int VendorFieldCount = static_cast<int>(VendorField::Shortcode) + 1;
 
-// How a detail box behaves when the details are opened for editing.
-enum class DetailKind { Required, Optional, NeverEditable };
-
-struct VendorDetailColumn {
-    const char* column;  // in the vendor database's `vendor` table
-    const char* caption; // the label beside the box
-    int maxLength;       // 0: no input limit (the box is never typed in)
-    DetailKind kind;
-};
-
-// The fifteen detail columns, indexed by VendorField (CustomerId .. OrderForm).
-const std::array<VendorDetailColumn, VendorDetailCount>& vendorDetailColumns();
-
-// The identity boxes: captions and input limits.
-inline constexpr int CompanyNameMaxLength = 51;
+// A vendor's code is three letters or digits (its column holds one more).
 inline constexpr int ShortcodeLength = 3;
 
-// The contents of the fifteen detail boxes.
+// The vendor's details row, typed: the texts the user types, the next order number and the
+// order form report.
 struct VendorDetails {
-    std::array<QString, VendorDetailCount> values;
+    std::array<QString, TypedDetailCount> values;
+    std::optional<int> nextOrder;
+    QString orderForm;
 
-    QString& operator[](VendorField field) { return values[static_cast<int>(field)]; }
-    const QString& operator[](VendorField field) const { return values[static_cast<int>(field)]; }
+    // Only the typed-in texts (CustomerId .. ContactEmail).
+    QString& operator[](VendorField field) { return values.at(static_cast<std::size_t>(field)); }
+    const QString& operator[](VendorField field) const { return values.at(static_cast<std::size_t>(field)); }
     bool isEmpty() const;
 };
 
@@ -78,14 +73,6 @@ struct VendorCheck {
     bool passed() const { return !failure.has_value(); }
 };
 
-// What pressing Enter in a box leads to: a failure as above, or on success where the focus
-// goes next: another box, or the Save button. Neither: the focus stays.
-struct EnterCheck {
-    VendorCheck check;
-    std::optional<VendorField> next;
-    bool toSave = false;
-};
-
 enum class SaveMode { New, Update };
 
 namespace VendorRecords {
@@ -94,7 +81,7 @@ namespace VendorRecords {
 // the one a chosen vendor holds open.
 inline const QString ConnectionName = QStringLiteral("VendorRecordsConnection");
 
-inline const QString FirstOrderNumber = QStringLiteral("1000000");
+inline constexpr int FirstOrderNumber = 1000000;
 inline const QString EditingPositionText = QStringLiteral("Adding/Editing Record");
 
 // "Record 2 of 4", or the empty-list text when there are no active vendors.
@@ -127,9 +114,11 @@ VendorCheck ValidateNewVendor(const QSqlDatabase& systemDb, const QString& compa
 // The details checks run by Save, stopping at the first failure.
 VendorCheck ValidateVendorDetails(const VendorDetails& details);
 
-// The check Enter runs in a company name or detail box. The shortcode box runs the whole of
-// ValidateNewVendor instead.
-EnterCheck enterKeyCheck(VendorField box, const QString& text);
+// The window's field table, indexed by VendorField: the detail boxes "txtbox_N" with their
+// Enter checks and order, then the identity boxes "txtcomp_0/1". Lengths come from the
+// database's columns. The shortcode's Enter check needs the company name and the list of
+// vendors, so the window supplies it.
+QList<FieldSpec> vendorFieldTable();
 
 // Brings a new vendor into existence: its `vendors` row and its own empty database. When the
 // database cannot be made the row is taken out again, so nothing is left half-made.

@@ -1,13 +1,13 @@
 #include "VendorRecordsForm.h"
 
 #include "common/FormHelpers.h"
+#include "common/RecordForm.h"
 #include "common/WaitCursor.h"
 #include "shell/FileChooser.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -17,8 +17,6 @@
 namespace ordwell {
 
 namespace {
-
-const char* const FieldProperty = "vendorField";
 
 struct ButtonInfo {
     const char* caption;
@@ -41,6 +39,14 @@ int field(VendorField f) {
     return static_cast<int>(f);
 }
 
+bool isDetail(int f) {
+    return f < TypedDetailCount;
+}
+
+bool isIdentity(int f) {
+    return f >= field(VendorField::CompanyName);
+}
+
 } // namespace
 
 VendorRecordsForm::VendorRecordsForm(AppContext& context, QWidget* parent)
@@ -49,69 +55,42 @@ VendorRecordsForm::VendorRecordsForm(AppContext& context, QWidget* parent)
     setWindowTitle(QStringLiteral("Add / Edit Vendors"));
     buildControls();
 
-    // Opening: the list, the two boxes that are never typed in, everything locked.
+    // Opening: the list, the first vendor, everything locked.
     reloadList();
-    m_current = m_vendors.isEmpty() ? -1 : 0;
-    m_bound = true;
     showCurrentVendor();
-    LockDetailFields(true);
-    for (VendorField f : {VendorField::NextOrder, VendorField::OrderForm})
-        lockBox(box(f), true, false);
-    SetNavigationMask();
-    LockIdentityFields(true);
-    showPosition();
+    enterState(State::Browse);
     loadDetails();
 }
 
 void VendorRecordsForm::buildControls() {
+    QList<FieldSpec> fields = VendorRecords::vendorFieldTable();
+    fields[field(VendorField::Shortcode)].onEnter = [this](QString& text) { return checkIdentity(text); };
+    m_record = new RecordForm(
+        this, [this]() -> Prompter& { return context().prompter(); }, fields);
+
     auto* grid = new QGridLayout;
-    const auto addBox = [this, grid](QLineEdit* edit, const QString& caption, int row, int column, int chars) {
-        auto* label = new QLabel(caption, this);
-        label->setBuddy(edit);
+    const auto addBox = [this, grid](VendorField f, int row, int column) {
+        QLineEdit* edit = box(f);
+        const int chars = f == VendorField::NextOrder ? 10 : m_record->spec(field(f)).maxLength;
         edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * qBound(4, chars, 30) + 12);
-        grid->addWidget(label, row, column);
+        grid->addWidget(m_record->caption(field(f)), row, column);
         grid->addWidget(edit, row, column + 1);
-        edit->installEventFilter(this);
     };
 
-    const QStringList identityNames = {QStringLiteral("Company Name"), QStringLiteral("Shortcode")};
-    const int identityLengths[] = {CompanyNameMaxLength, ShortcodeLength};
-    for (int i = 0; i < 2; ++i) {
-        m_identity[i] = new QLineEdit(this);
-        m_identity[i]->setObjectName(QStringLiteral("txtcomp_%1").arg(i));
-        m_identity[i]->setMaxLength(identityLengths[i]);
-        m_identity[i]->setProperty(FieldProperty, field(i == 0 ? VendorField::CompanyName : VendorField::Shortcode));
-    }
-    addBox(m_identity[0], identityNames[0], 0, 0, 30);
-    addBox(m_identity[1], identityNames[1], 0, 2, 5);
-    m_identity[1]->setMaximumWidth(m_identity[1]->minimumWidth() + 8);
+    addBox(VendorField::CompanyName, 0, 0);
+    addBox(VendorField::Shortcode, 0, 2);
+    box(VendorField::Shortcode)->setMaximumWidth(box(VendorField::Shortcode)->minimumWidth() + 8);
 
-    const auto& columns = vendorDetailColumns();
-    for (int i = 0; i < VendorDetailCount; ++i) {
-        auto* edit = new QLineEdit(this);
-        edit->setObjectName(QStringLiteral("txtbox_%1").arg(i));
-        if (columns[i].maxLength > 0)
-            edit->setMaxLength(columns[i].maxLength);
-        edit->setProperty(FieldProperty, i);
-        m_boxes[i] = edit;
-    }
     // The address, county and postcode on the left; the people on the right.
     const int left = field(VendorField::Postcode) + 1;
     for (int i = 0; i < left; ++i)
-        addBox(m_boxes[i], QString::fromLatin1(columns[i].caption), i + 1, 0, columns[i].maxLength);
+        addBox(VendorField(i), i + 1, 0);
     for (int i = left; i <= field(VendorField::ContactEmail); ++i)
-        addBox(m_boxes[i], QString::fromLatin1(columns[i].caption), i - left + 1, 2, columns[i].maxLength);
-    for (int line = 1; line <= 3; ++line) {
-        m_boxes[field(VendorField::Address1) + line - 1]->setAccessibleName(
-            QStringLiteral("Address line %1").arg(line));
-    }
+        addBox(VendorField(i), i - left + 1, 2);
     const int lastRow = field(VendorField::ContactEmail) - left + 2;
-    addBox(box(VendorField::NextOrder), QStringLiteral("Next Order"), lastRow, 0, 10);
+    addBox(VendorField::NextOrder, lastRow, 0);
 
     auto* orderFormRow = new QHBoxLayout;
-    auto* orderFormLabel = new QLabel(QStringLiteral("Order Form"), this);
-    orderFormLabel->setBuddy(box(VendorField::OrderForm));
-    box(VendorField::OrderForm)->installEventFilter(this);
     m_importReport = new QPushButton(QStringLiteral("..."), this);
     m_importReport->setObjectName(QStringLiteral("cmdimprpt"));
     m_importReport->setAccessibleName(QStringLiteral("Import order form report"));
@@ -120,7 +99,7 @@ void VendorRecordsForm::buildControls() {
     m_importReport->setMaximumWidth(m_importReport->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
     orderFormRow->addWidget(box(VendorField::OrderForm), 1);
     orderFormRow->addWidget(m_importReport);
-    grid->addWidget(orderFormLabel, lastRow, 2);
+    grid->addWidget(m_record->caption(field(VendorField::OrderForm)), lastRow, 2);
     grid->addLayout(orderFormRow, lastRow, 3);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
@@ -131,7 +110,8 @@ void VendorRecordsForm::buildControls() {
     m_recordCount->setAlignment(Qt::AlignCenter);
     m_recordCount->setFrameShape(QFrame::Panel);
     m_recordCount->setFrameShadow(QFrame::Sunken);
-    m_recordCount->setAccessibleName(QStringLiteral("Record position"));
+    // Its text is what a screen reader should read; this only says what it is.
+    m_recordCount->setAccessibleDescription(QStringLiteral("Record position"));
 
     auto* buttons = new QHBoxLayout;
     for (int i = 0; i < ButtonCount; ++i) {
@@ -150,42 +130,52 @@ void VendorRecordsForm::buildControls() {
     layout->addLayout(buttons);
 
     // Tab goes through the boxes in the order they are filled in.
-    QWidget* previous = m_identity[0];
+    QWidget* previous = box(VendorField::CompanyName);
     const auto chain = [&previous](QWidget* next) {
         QWidget::setTabOrder(previous, next);
         previous = next;
     };
-    chain(m_identity[1]);
-    for (QLineEdit* edit : m_boxes)
-        chain(edit);
+    chain(box(VendorField::Shortcode));
+    for (int i = 0; i < VendorDetailCount; ++i)
+        chain(box(VendorField(i)));
     chain(m_importReport);
     for (QPushButton* b : m_buttons)
         chain(b);
 
+    m_record->setButtons(QList<QAbstractButton*>(m_buttons.begin(), m_buttons.end()), Save);
+    m_record->setPosition(m_recordCount, &m_vendors, &VendorRecords::positionText, &VendorRecords::navigationMask);
+    const QString editingText = VendorRecords::EditingPositionText;
+    m_record->addState(int(State::Browse), {});
+    m_record->addState(int(State::Editing), {VendorRecords::EditingMask, isDetail, editingText});
+    m_record->addState(int(State::AddingIdentity), {VendorRecords::EditingMask, isIdentity, editingText});
+    m_record->addState(int(State::AddingDetails), {VendorRecords::DetailsStageMask, isDetail, {}});
+    // The order form report can be imported while the details are open.
+    connect(m_record, &RecordForm::stateEntered, this, [this](int state) {
+        m_importReport->setEnabled(state == int(State::Editing) || state == int(State::AddingDetails));
+    });
+
     connect(button(Edit), &QPushButton::clicked, this, &VendorRecordsForm::onEdit);
     connect(button(Save), &QPushButton::clicked, this, &VendorRecordsForm::onSave);
     connect(button(Cancel), &QPushButton::clicked, this, &VendorRecordsForm::onCancel);
-    connect(button(First), &QPushButton::clicked, this, [this] { moveTo(0); });
-    connect(button(Previous), &QPushButton::clicked, this, [this] { moveTo(m_current - 1); });
-    connect(button(Next), &QPushButton::clicked, this, [this] { moveTo(m_current + 1); });
-    connect(button(Last), &QPushButton::clicked, this, [this] { moveTo(int(m_vendors.size()) - 1); });
+    connect(button(First), &QPushButton::clicked, this, [this] { move(&RecordCursor::first); });
+    connect(button(Previous), &QPushButton::clicked, this, [this] { move(&RecordCursor::previous); });
+    connect(button(Next), &QPushButton::clicked, this, [this] { move(&RecordCursor::next); });
+    connect(button(Last), &QPushButton::clicked, this, [this] { move(&RecordCursor::last); });
     connect(button(AddNew), &QPushButton::clicked, this, &VendorRecordsForm::onAddNew);
     connect(button(Exit), &QPushButton::clicked, this, &VendorRecordsForm::onExit);
     connect(m_importReport, &QPushButton::clicked, this, &VendorRecordsForm::onImportReport);
 }
 
 QLineEdit* VendorRecordsForm::box(VendorField f) const {
-    if (f == VendorField::CompanyName)
-        return m_identity[0];
-    if (f == VendorField::Shortcode)
-        return m_identity[1];
-    return m_boxes[field(f)];
+    return m_record->box(field(f));
 }
 
 VendorRecordsForm::State VendorRecordsForm::state() const {
-    if (m_adding)
-        return m_secondStage ? State::AddingDetails : State::AddingIdentity;
-    return m_secondStage ? State::Editing : State::Browse;
+    return State(m_record->state());
+}
+
+void VendorRecordsForm::enterState(State state) {
+    m_record->enterState(int(state));
 }
 
 QAbstractButton* VendorRecordsForm::closeBoxButton() const {
@@ -209,24 +199,10 @@ void VendorRecordsForm::showEvent(QShowEvent* event) {
     m_shownOnce = true;
     // After the window has become the active one, which would otherwise take the focus back.
     QTimer::singleShot(0, this, [this] {
-        QPushButton* target = m_vendors.isEmpty() ? button(AddNew) : button(Edit);
+        QPushButton* target = m_vendors.count() == 0 ? button(AddNew) : button(Edit);
         if (target->isEnabled())
             focusOn(target);
     });
-}
-
-bool VendorRecordsForm::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        auto* edit = qobject_cast<QLineEdit*>(watched);
-        if (edit && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-            // A locked box holds nothing the user could put right, so it checks nothing.
-            if (!edit->isReadOnly())
-                onEnter(static_cast<VendorField>(edit->property(FieldProperty).toInt()));
-            return true;
-        }
-    }
-    return ToolWindow::eventFilter(watched, event);
 }
 
 // ---- the list and the boxes ------------------------------------------------------------
@@ -236,79 +212,58 @@ void VendorRecordsForm::reloadList() {
     if (!list) {
         context().prompter().message(QStringLiteral("The list of vendors could not be read.\n%1").arg(list.message()),
                                      QString(), MessageIcon::Critical);
-        m_vendors.clear();
+        m_vendors.reset({});
         return;
     }
-    m_vendors = list.value();
+    m_vendors.reset(list.value());
 }
 
 void VendorRecordsForm::showCurrentVendor() {
-    if (!m_bound)
-        return;
-    const bool valid = m_current >= 0 && m_current < m_vendors.size();
-    m_identity[0]->setText(valid ? m_vendors.at(m_current).name : QString());
-    m_identity[1]->setText(valid ? m_vendors.at(m_current).code : QString());
+    const VendorEntry* current = m_vendors.current();
+    m_record->setText(field(VendorField::CompanyName), current ? current->name : QString());
+    m_record->setText(field(VendorField::Shortcode), current ? current->code : QString());
 }
 
 QString VendorRecordsForm::currentCode() const {
-    return m_identity[1]->text();
+    return m_record->text(field(VendorField::Shortcode));
 }
 
 void VendorRecordsForm::loadDetails() {
     clearDetails();
-    if (m_current < 0 || m_current >= m_vendors.size())
+    const VendorEntry* current = m_vendors.current();
+    if (!current)
         return;
-    const auto loaded = VendorRecords::LoadVendorDetails(context().dataDir(), m_vendors.at(m_current).code);
+    const auto loaded = VendorRecords::LoadVendorDetails(context().dataDir(), current->code);
     showDetails(loaded.details);
     if (!loaded.problem.isEmpty())
         context().prompter().message(loaded.problem, QString(), MessageIcon::Critical);
 }
 
 void VendorRecordsForm::clearDetails() {
-    for (QLineEdit* edit : m_boxes)
-        edit->clear();
+    m_record->clear(0, VendorDetailCount);
 }
 
 void VendorRecordsForm::showDetails(const VendorDetails& details) {
-    for (int i = 0; i < VendorDetailCount; ++i)
-        m_boxes[i]->setText(details.values[i]);
+    for (int i = 0; i < TypedDetailCount; ++i)
+        m_record->setText(i, details.values[i]);
+    m_record->setValue(field(VendorField::NextOrder),
+                       details.nextOrder ? FieldValue(*details.nextOrder) : FieldValue());
+    m_record->setText(field(VendorField::OrderForm), details.orderForm);
 }
 
 VendorDetails VendorRecordsForm::detailsFromBoxes() const {
     VendorDetails details;
-    for (int i = 0; i < VendorDetailCount; ++i)
-        details.values[i] = m_boxes[i]->text();
+    for (int i = 0; i < TypedDetailCount; ++i)
+        details.values[i] = m_record->text(i);
+    const auto next = m_record->value(field(VendorField::NextOrder));
+    if (next && std::holds_alternative<int>(*next))
+        details.nextOrder = std::get<int>(*next);
+    details.orderForm = m_record->text(field(VendorField::OrderForm));
     return details;
 }
 
-void VendorRecordsForm::SetNavigationMask() {
-    ApplyButtonMask(VendorRecords::navigationMask(m_current + 1, int(m_vendors.size())));
-}
-
-void VendorRecordsForm::ApplyButtonMask(const QString& mask) {
-    applyButtonMask(QList<QAbstractButton*>(m_buttons.begin(), m_buttons.end()), mask);
-}
-
-void VendorRecordsForm::LockIdentityFields(bool lock) {
-    for (QLineEdit* edit : m_identity)
-        lockBox(edit, lock, true);
-}
-
-void VendorRecordsForm::LockDetailFields(bool lock) {
-    const auto& columns = vendorDetailColumns();
-    for (int i = 0; i < VendorDetailCount; ++i) {
-        if (columns[i].kind != DetailKind::NeverEditable)
-            lockBox(m_boxes[i], lock, columns[i].kind == DetailKind::Required);
-    }
-    m_importReport->setEnabled(!lock);
-}
-
-void VendorRecordsForm::showPosition() {
-    m_recordCount->setText(VendorRecords::positionText(m_current + 1, int(m_vendors.size())));
-}
-
 void VendorRecordsForm::showEditingPosition() {
-    m_recordCount->setText(VendorRecords::EditingPositionText);
+    m_record->showPositionText(VendorRecords::EditingPositionText);
 }
 
 void VendorRecordsForm::tell(const QString& text) {
@@ -326,81 +281,74 @@ bool VendorRecordsForm::accept(const VendorCheck& check) {
     return false;
 }
 
+std::optional<FieldProblem> VendorRecordsForm::checkIdentity(QString& shortcode) {
+    const VendorCheck check = VendorRecords::ValidateNewVendor(
+        context().systemDb(), m_record->text(field(VendorField::CompanyName)), shortcode);
+    if (check.rewriteField == VendorField::Shortcode)
+        shortcode = check.rewriteText;
+    if (check.passed())
+        return std::nullopt;
+    return FieldProblem{check.failure->text, check.failure->title, check.failure->icon, field(check.focus)};
+}
+
 // ---- the buttons -----------------------------------------------------------------------
 
-void VendorRecordsForm::moveTo(int index) {
-    if (index < 0 || index >= m_vendors.size())
+void VendorRecordsForm::move(bool (RecordCursor::*step)()) {
+    if (!(m_vendors.*step)())
         return;
-    clearDetails();
-    m_current = index;
     showCurrentVendor();
     loadDetails();
-    SetNavigationMask();
-    showPosition();
+    enterState(State::Browse);
 }
 
 void VendorRecordsForm::onEdit() {
-    if (m_current < 0)
+    if (!m_vendors.current())
         return;
-    ApplyButtonMask(VendorRecords::EditingMask);
-    LockIdentityFields(true);
-    LockDetailFields(false);
-    m_secondStage = true;
-    m_adding = false;
-    showEditingPosition();
+    enterState(State::Editing);
     focusOn(box(VendorField::CustomerId));
 }
 
 void VendorRecordsForm::onAddNew() {
-    m_bound = false;
     clearDetails();
-    m_identity[0]->clear();
-    m_identity[1]->clear();
-    m_adding = true;
-    m_secondStage = false;
-    LockIdentityFields(false);
-    ApplyButtonMask(VendorRecords::EditingMask);
-    showEditingPosition();
-    focusOn(m_identity[0]);
+    m_record->clear(field(VendorField::CompanyName), VendorFieldCount);
+    enterState(State::AddingIdentity);
+    focusOn(box(VendorField::CompanyName));
 }
 
 void VendorRecordsForm::onSave() {
-    if (m_adding && !m_secondStage)
+    if (state() == State::AddingIdentity)
         saveIdentity();
-    else if (m_secondStage)
+    else if (state() == State::Editing || state() == State::AddingDetails)
         saveDetails();
 }
 
 void VendorRecordsForm::saveIdentity() {
-    if (!accept(VendorRecords::ValidateNewVendor(context().systemDb(), m_identity[0]->text(), m_identity[1]->text())))
+    const QString company = m_record->text(field(VendorField::CompanyName));
+    if (!accept(VendorRecords::ValidateNewVendor(context().systemDb(), company, currentCode())))
         return;
-    const QString code = m_identity[1]->text();
+    const QString code = currentCode();
     Status created;
     {
         WaitCursor wait;
-        created =
-            VendorRecords::CreateVendorEntry(context().systemDb(), context().dataDir(), m_identity[0]->text(), code);
+        created = VendorRecords::CreateVendorEntry(context().systemDb(), context().dataDir(), company, code);
     }
     if (!created) {
         // Nothing was kept: the user may change the name or code and try again.
         tell(created.message());
         showEditingPosition();
-        focusOn(m_identity[0]);
+        focusOn(box(VendorField::CompanyName));
         return;
     }
     reloadList();
-    ApplyButtonMask(VendorRecords::DetailsStageMask);
-    LockIdentityFields(true);
-    LockDetailFields(false);
-    m_adding = true;
-    m_secondStage = true;
-    m_bound = true;
-    m_current = m_vendors.isEmpty() ? -1 : 0;
-    while (m_current >= 0 && m_current + 1 < m_vendors.size() && m_vendors.at(m_current).code != code)
-        ++m_current;
+    // The new vendor, wherever it sorts (the last one should it somehow be missing).
+    m_vendors.last();
+    for (int i = 0; i < m_vendors.count(); ++i) {
+        if (m_vendors.rows().at(i).code == code)
+            m_vendors.moveTo(i);
+    }
     showCurrentVendor();
+    enterState(State::AddingDetails);
     focusOn(box(VendorField::CustomerId));
-    showPosition();
 }
 
 void VendorRecordsForm::saveDetails() {
@@ -410,7 +358,7 @@ void VendorRecordsForm::saveDetails() {
     {
         WaitCursor wait;
         saved = VendorRecords::SaveVendorDetails(context().dataDir(), currentCode(), detailsFromBoxes(),
-                                                 m_adding ? SaveMode::New : SaveMode::Update);
+                                                 state() == State::AddingDetails ? SaveMode::New : SaveMode::Update);
     }
     if (!saved) {
         tell(saved.message());
@@ -418,40 +366,27 @@ void VendorRecordsForm::saveDetails() {
         return;
     }
     showDetails(saved.value());
-    m_adding = false;
-    m_secondStage = false;
-    LockDetailFields(true);
-    SetNavigationMask();
+    enterState(State::Browse);
     focusOn(button(Exit));
-    showPosition();
 }
 
 void VendorRecordsForm::onCancel() {
     switch (state()) {
     case State::AddingIdentity:
-        LockIdentityFields(true);
-        LockDetailFields(true);
-        m_adding = false;
-        m_secondStage = false;
-        m_bound = true;
-        m_current = m_vendors.isEmpty() ? -1 : 0;
+        m_vendors.first();
         showCurrentVendor();
         loadDetails();
         break;
     case State::Editing:
         // The edits are thrown away: the stored details come back.
         loadDetails();
-        LockIdentityFields(true);
-        LockDetailFields(true);
-        m_secondStage = false;
         break;
     case State::Browse:
     case State::AddingDetails:
         return;
     }
-    SetNavigationMask();
+    enterState(State::Browse);
     focusOn(button(Exit));
-    showPosition();
 }
 
 void VendorRecordsForm::onExit() {
@@ -478,28 +413,6 @@ void VendorRecordsForm::onImportReport() {
         tell(imported.problem);
         break;
     }
-}
-
-void VendorRecordsForm::onEnter(VendorField f) {
-    if (f == VendorField::Shortcode) {
-        if (accept(
-                VendorRecords::ValidateNewVendor(context().systemDb(), m_identity[0]->text(), m_identity[1]->text())))
-            focusOn(button(Save));
-        return;
-    }
-    const EnterCheck outcome = VendorRecords::enterKeyCheck(f, box(f)->text());
-    if (outcome.check.rewriteField)
-        box(*outcome.check.rewriteField)->setText(outcome.check.rewriteText);
-    if (!outcome.check.passed()) {
-        const VendorMessage& m = *outcome.check.failure;
-        context().prompter().message(m.text, m.title, m.icon);
-        focusOn(box(outcome.check.focus));
-        return;
-    }
-    if (outcome.next)
-        focusOn(box(*outcome.next));
-    else if (outcome.toSave && button(Save)->isEnabled())
-        focusOn(button(Save));
 }
 
 } // namespace ordwell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/RecordCursor.h"
 #include "shell/ToolWindow.h"
 #include "vendors/VendorRecords.h"
 #include "vendors/VendorRepository.h"
@@ -12,6 +13,8 @@ class QLineEdit;
 class QPushButton;
 
 namespace ordwell {
+
+class RecordForm;
 
 // frmaddeditvnd: browses the active vendors one at a time, edits a vendor's details and adds
 // new vendors in two stages (identity first, then details).
@@ -27,12 +30,11 @@ public:
 
     State state() const;
     // The active vendors as the window holds them, and which one the identity boxes show.
-    const QList<VendorEntry>& vendors() const { return m_vendors; }
-    int currentIndex() const { return m_current; }
+    const QList<VendorEntry>& vendors() const { return m_vendors.rows(); }
+    int currentIndex() const { return m_vendors.index(); }
 
 protected:
     QAbstractButton* closeBoxButton() const override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -48,38 +50,29 @@ private:
     void showDetails(const VendorDetails& details);
     VendorDetails detailsFromBoxes() const;
 
-    void SetNavigationMask();
-    void ApplyButtonMask(const QString& mask);
-    void LockIdentityFields(bool lock);
-    void LockDetailFields(bool lock);
-    void showPosition();
+    void enterState(State state);
     void showEditingPosition();
     void tell(const QString& text);
     // Shows a failed check's message, writes back its upper-cased text and moves the focus.
     bool accept(const VendorCheck& check);
+    std::optional<FieldProblem> checkIdentity(QString& shortcode);
 
     void onEdit();
     void onSave();
     void saveIdentity();
     void saveDetails();
     void onCancel();
-    void moveTo(int index);
+    void move(bool (RecordCursor::*step)());
     void onAddNew();
     void onExit();
     void onImportReport();
-    void onEnter(VendorField field);
 
-    std::array<QLineEdit*, VendorDetailCount> m_boxes{};
-    std::array<QLineEdit*, 2> m_identity{};
+    RecordForm* m_record = nullptr;
     std::array<QPushButton*, ButtonCount> m_buttons{};
     QLabel* m_recordCount = nullptr;
     QPushButton* m_importReport = nullptr;
 
-    QList<VendorEntry> m_vendors;
-    int m_current = -1;
-    bool m_bound = true;
-    bool m_adding = false;
-    bool m_secondStage = false;
+    ListCursor<VendorEntry> m_vendors;
     bool m_shownOnce = false;
 };
 

@@ -103,7 +103,7 @@ private slots:
         for (const DetailsProblem& p : DetailsRules::validateForSave(d)) {
             texts << p.message;
             QCOMPARE(p.title, QStringLiteral("Invalid Data"));
-            QCOMPARE(p.icon, p.box == Location ? MessageIcon::Critical : MessageIcon::Exclamation);
+            QCOMPARE(p.icon, p.field == Location ? MessageIcon::Critical : MessageIcon::Exclamation);
         }
         QCOMPARE(texts, messages);
     }

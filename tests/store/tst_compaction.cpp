@@ -7,6 +7,7 @@
 #include "store/Store.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorRepository.h"
+#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QDir>
@@ -61,10 +62,10 @@ QMap<QString, QStringList> dump(const QString& path) {
 std::unique_ptr<MainWindow> menus(AppContext& ctx, const QString& code = {}, const QString& name = {}) {
     auto window = std::make_unique<MainWindow>(ctx);
     wireMenus(*window, ctx);
-    window->ApplyMenuMask(code.isEmpty() ? MenuMasks::NoVendor : MenuMasks::VendorOpen);
-    ctx.CurrentVendorCode = code;
-    ctx.CurrentVendorName = name;
-    window->ShowStatus(name);
+    window->ApplyMenuMask(MenuMasks::NoVendor);
+    window->ShowStatus(QString());
+    if (!code.isEmpty() && !ctx.vendorSession().open(code, name))
+        qWarning("vendor %s could not be opened", qPrintable(code));
     return window;
 }
 
@@ -204,8 +205,10 @@ private slots:
     void vendorThatCannotBeReopenedIsClosed() {
         test::TestContext tc;
         AppContext& ctx = tc.context();
-        // A vendor whose file has gone from under the program.
+        // A vendor whose file goes from under the program while it is open.
+        QVERIFY(Store::CreateVendorDatabase(ctx.dataDir(), QStringLiteral("XYZ")));
         auto window = menus(ctx, QStringLiteral("XYZ"), QStringLiteral("Gone Ltd"));
+        QVERIFY(QFile::remove(Store::vendorDatabasePath(ctx.dataDir(), QStringLiteral("XYZ"))));
         window->triggerMenu(QStringLiteral("mnucompvend"));
         QCOMPARE(tc.prompter().messages.size(), 2);
         QVERIFY(tc.prompter().messages.at(0).text.startsWith(QStringLiteral("Database maintenance failed")));

@@ -6,9 +6,11 @@
 #include "store/Store.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLocale>
 #include <QPointer>
 #include <QSet>
@@ -140,6 +142,22 @@ void storeOrganisationDetails(AppContext& context) {
         d[field] = QString::fromLatin1(values[field]);
     if (!OrganisationDetailsStore(context.systemDb()).save(d))
         qFatal("cannot store the organisation's details");
+}
+
+QStringList labelsHidingTheirText(QWidget* root) {
+    QStringList out;
+    QList<QLabel*> labels = root->findChildren<QLabel*>();
+    if (auto* self = qobject_cast<QLabel*>(root))
+        labels.prepend(self);
+    for (QLabel* label : labels) {
+        if (label->buddy() || label->text().isEmpty())
+            continue;
+        QAccessibleInterface* face = QAccessible::queryAccessibleInterface(label);
+        const QString name = face ? face->text(QAccessible::Name) : QString();
+        if (name != label->text())
+            out << QStringLiteral("%1: %2 / %3").arg(label->objectName(), name, label->text());
+    }
+    return out;
 }
 
 std::unique_ptr<MainWindow> openMainWindow(AppContext& context) {

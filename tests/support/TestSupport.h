@@ -86,6 +86,10 @@ bool writeFile(const QString& path, const QByteArray& content);
 // Stores an organisation's details, so the main window does not ask for them first.
 void storeOrganisationDetails(AppContext& context);
 
+// Labels under `root` that show a value (no buddy, some text) but whose accessible name is not
+// that text, as "objectName: name / text". Empty when a screen reader hears every value.
+QStringList labelsHidingTheirText(QWidget* root);
+
 // The main window with its menus wired, shown and past its first activation (which sets the
 // menus, or opens the system defaults window while the organisation's details are missing).
 std::unique_ptr<MainWindow> openMainWindow(AppContext& context);

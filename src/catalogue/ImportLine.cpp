@@ -1,0 +1,82 @@
+#include "ImportLine.h"
+
+#include "common/Dates.h"
+#include "common/TextChecks.h"
+
+namespace ordwell {
+
+namespace {
+
+constexpr int FieldCount = 6;
+
+std::optional<int> quantity(const QString& text) {
+    if (text.isEmpty() || text.size() > 5)
+        return std::nullopt;
+    for (QChar c : text) {
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return std::nullopt;
+    }
+    return text.toInt();
+}
+
+QDate expiryDate(const QString& text, const QLocale& locale) {
+    const QDate date = Dates::parseShortDate(text, locale);
+    if (date.isValid())
+        return date;
+    return QDate::fromString(text.trimmed(), Qt::ISODate);
+}
+
+Status wrong(const QString& field) {
+    return Status::fail(QStringLiteral("the %1 is not valid").arg(field));
+}
+
+} // namespace
+
+Result<ImportedItem> parseImportLine(const QString& rawLine, const QLocale& locale) {
+    QStringView line(rawLine);
+    if (line.endsWith(QLatin1Char('\r')))
+        line.chop(1);
+
+    QStringView fields[FieldCount];
+    qsizetype start = 0;
+    for (int i = 0; i < FieldCount - 1; ++i) {
+        const qsizetype comma = line.indexOf(QLatin1Char(','), start);
+        if (comma < 0)
+            return Status::fail(QStringLiteral("it has fewer than five commas"));
+        fields[i] = line.mid(start, comma - start);
+        start = comma + 1;
+    }
+    fields[FieldCount - 1] = line.mid(start);
+
+    ImportedItem item;
+    item.code = UpperCaseCode(fields[0].toString());
+    if (item.code.isEmpty() || item.code.size() > 25 || !IsValidCode(item.code, false))
+        return wrong(QStringLiteral("code"));
+
+    if (fields[1].isEmpty() || fields[1].size() > 55)
+        return wrong(QStringLiteral("description"));
+    item.descr = fields[1].toString();
+
+    const auto pack = quantity(fields[2].toString());
+    if (!pack)
+        return wrong(QStringLiteral("pack quantity"));
+    item.packqty = *pack;
+    const auto def = quantity(fields[3].toString());
+    if (!def)
+        return wrong(QStringLiteral("default quantity"));
+    item.defqty = *def;
+
+    const QString priceText = fields[4].toString();
+    const auto price = priceText.size() > 8 ? std::nullopt : Money::parse(priceText, locale);
+    if (!price || *price < Money())
+        return wrong(QStringLiteral("price"));
+    item.price = *price;
+
+    const QString expiryText = fields[5].toString();
+    item.expiry = expiryText.isEmpty() ? QDate() : expiryDate(expiryText, locale);
+    if (!item.expiry.isValid())
+        return wrong(QStringLiteral("expiry date"));
+    return item;
+}
+
+} // namespace ordwell

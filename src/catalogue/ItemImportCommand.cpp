@@ -1,0 +1,50 @@
+#include "ItemImportCommand.h"
+
+#include "ItemImport.h"
+#include "UploadForm.h"
+#include "shell/AppContext.h"
+#include "shell/FileChooser.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
+
+#include <QDate>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+
+namespace ordwell::ItemImportCommand {
+
+void ImportItems(AppContext& context, MainWindow& mainWindow) {
+    context.ApplyMenuMask(MenuMasks::VendorWindow);
+    context.FileChooserKind = FileChooser::ImportFiles;
+    FileChooser::choose(context);
+    const QString path = context.ChosenFilePath;
+    context.ChosenFilePath.clear();
+    if (path.isEmpty()) {
+        context.ApplyMenuMask(MenuMasks::VendorOpen);
+        return;
+    }
+    const QDate today = QDate::currentDate();
+
+    QPointer<UploadForm> form = new UploadForm;
+    QMdiSubWindow* frame = mainWindow.mdiArea()->addSubWindow(form);
+    frame->setObjectName(QStringLiteral("frmupload_frame"));
+    frame->setAttribute(Qt::WA_DeleteOnClose);
+    frame->setWindowIcon(mainWindow.windowIcon());
+
+    if (ItemImport::prepare(path, context.prompter(), *form)) {
+        frame->adjustSize();
+        mainWindow.CentreInMainWindow(frame);
+        frame->show();
+        const ItemImport::Run run = ItemImport::execute(context.vendorDb(), path, today, context.prompter(), *form);
+        if (form && run.outcome.completed())
+            form->finish();
+        else if (form)
+            form->unload();
+    } else if (form) {
+        form->unload();
+    }
+    context.ApplyMenuMask(MenuMasks::VendorOpen);
+}
+
+} // namespace ordwell::ItemImportCommand

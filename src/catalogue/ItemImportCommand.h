@@ -1,0 +1,15 @@
+#pragma once
+
+namespace ordwell {
+
+class AppContext;
+class MainWindow;
+
+// "Import Items" on the main menu: choose a price list, import it into the open vendor's
+// catalogue in front of the progress window, then revalue the open orders.
+namespace ItemImportCommand {
+
+void ImportItems(AppContext& context, MainWindow& mainWindow);
+
+} // namespace ItemImportCommand
+} // namespace ordwell

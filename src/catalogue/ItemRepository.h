@@ -1,0 +1,63 @@
+#pragma once
+
+#include "common/Money.h"
+#include "common/Status.h"
+
+#include <QDate>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <optional>
+
+namespace ordwell {
+
+// One row of a vendor's catalogue.
+struct Item {
+    QString code;
+    QString description;
+    int packQty = 0;
+    int defaultQty = 0;
+    Money price;
+    QDate priceExpiry;
+
+    friend bool operator==(const Item&, const Item&) = default;
+};
+
+// The catalogue of the open vendor, read one row at a time however large it is: the count
+// once, a row's position from the index, and first/last/next/previous by keyset on the code.
+// Every statement is prepared once and reused.
+class ItemRepository {
+public:
+    explicit ItemRepository(QSqlDatabase db);
+    ~ItemRepository();
+    ItemRepository(const ItemRepository&) = delete;
+    ItemRepository& operator=(const ItemRepository&) = delete;
+
+    Result<int> count();
+    // 1-based position of `code` in code order (where it would stand, when it is not stored).
+    Result<int> positionOf(const QString& code);
+
+    // No value when there is no such row.
+    Result<std::optional<Item>> first();
+    Result<std::optional<Item>> last();
+    Result<std::optional<Item>> next(const QString& afterCode);
+    Result<std::optional<Item>> previous(const QString& beforeCode);
+    Result<std::optional<Item>> find(const QString& code);
+    // The first item in code order carrying exactly this description.
+    Result<std::optional<Item>> findByDescription(const QString& description);
+    Result<bool> exists(const QString& code);
+
+    Status insert(const Item& item);
+    // Writes everything but the code onto the stored row of that code; refuses when there is none.
+    Status update(const Item& item);
+
+private:
+    struct Statements;
+    Result<std::optional<Item>> fetchOne(QSqlQuery& query, const QVariantList& values);
+    QSqlQuery& prepared(QSqlQuery& query, const QString& sql, Status& status);
+
+    QSqlDatabase m_db;
+    std::unique_ptr<Statements> m_statements;
+};
+
+} // namespace ordwell

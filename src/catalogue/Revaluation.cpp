@@ -1,0 +1,113 @@
+#include "Revaluation.h"
+
+#include "common/Money.h"
+#include "common/Sql.h"
+#include "common/WaitCursor.h"
+
+#include <QSqlQuery>
+
+namespace ordwell {
+
+namespace {
+
+// Amounts are stored as ten-thousandths; "written with two decimals" compares them to the
+// penny, rounding half away from zero (integer division truncates towards zero).
+const QString LinePence = QStringLiteral("(CASE WHEN orderline.price >= 0 THEN (orderline.price + 50) / 100 "
+                                         "ELSE (orderline.price - 50) / 100 END)");
+const QString ItemPence =
+    QStringLiteral("(CASE WHEN i.price >= 0 THEN (i.price + 50) / 100 ELSE (i.price - 50) / 100 END)");
+
+// Each open line whose item is still catalogued and priced differently, in one statement; the
+// item is found through its key for each line.
+QString repriceLinesSql() {
+    return QStringLiteral("UPDATE orderline SET "
+                          "price = (SELECT i.price FROM items i WHERE i.code = orderline.code), "
+                          "lineval = (SELECT i.price FROM items i WHERE i.code = orderline.code) * orderline.qty "
+                          "WHERE orderline.orderid IN (SELECT h.orderid FROM orderhead h "
+                          "WHERE h.status = 'L' OR h.status = 'E') "
+                          "AND EXISTS (SELECT 1 FROM items i WHERE i.code = orderline.code AND %1 <> %2)")
+        .arg(ItemPence, LinePence);
+}
+
+struct OpenTotal {
+    QString orderid;
+    Money stored;
+    Money computed;
+};
+
+} // namespace
+
+Result<int> revalueOpenOrders(const QSqlDatabase& vendorDb) {
+    Sql::Transaction tx(vendorDb);
+    if (!tx.isActive())
+        return Status::fail(Sql::describe(vendorDb.lastError()));
+    if (Status repriced = Sql::run(vendorDb, repriceLinesSql()); !repriced)
+        return repriced;
+
+    // One pass over the open lines, in order and line sequence, carrying each order's running
+    // total; an order without lines totals 0.
+    auto lines = Sql::exec(vendorDb, QStringLiteral("SELECT h.orderid, h.totalval, l.lineval FROM orderhead h "
+                                                    "LEFT JOIN orderline l ON l.orderid = h.orderid "
+                                                    "WHERE h.status = 'L' OR h.status = 'E' "
+                                                    "ORDER BY h.orderid, l.line"));
+    if (!lines)
+        return lines.status();
+    QList<OpenTotal> changed;
+    std::optional<OpenTotal> current;
+    auto settle = [&changed, &current] {
+        if (current && current->computed.roundedToPence() != current->stored.roundedToPence())
+            changed.append(*current);
+    };
+    QSqlQuery& q = lines.value();
+    while (q.next()) {
+        const QString orderid = q.value(0).toString();
+        if (!current || current->orderid != orderid) {
+            settle();
+            current = OpenTotal{orderid, Money::fromTenThousandths(q.value(1).toLongLong()), Money()};
+        }
+        if (!q.isNull(2))
+            current->computed =
+                (current->computed + Money::fromTenThousandths(q.value(2).toLongLong())).roundedToPence();
+    }
+    settle();
+    q.finish();
+
+    QSqlQuery update(vendorDb);
+    if (!update.prepare(QStringLiteral("UPDATE orderhead SET totalval = ? WHERE orderid = ?")))
+        return Status::fail(Sql::describe(update.lastError()));
+    for (const OpenTotal& order : changed) {
+        update.bindValue(0, order.computed.tenThousandths());
+        update.bindValue(1, order.orderid);
+        if (!update.exec())
+            return Status::fail(Sql::describe(update.lastError()));
+    }
+    if (Status committed = tx.commit(); !committed)
+        return committed;
+    return int(changed.size());
+}
+
+QString ordersUpdatedText(int count) {
+    if (count == 1)
+        return QStringLiteral("1 order value has been updated");
+    if (count > 1)
+        return QStringLiteral("%1 order values have been updated").arg(count);
+    return {};
+}
+
+int RefreshOrderValues(const QSqlDatabase& vendorDb, Prompter& prompter) {
+    Result<int> count = [&vendorDb] {
+        WaitCursor wait;
+        return revalueOpenOrders(vendorDb);
+    }();
+    if (!count) {
+        prompter.message(
+            QStringLiteral("The values of the open orders could not be brought up to date.\n%1").arg(count.message()),
+            OrdersUpdateTitle, MessageIcon::Critical);
+        return 0;
+    }
+    if (*count > 0)
+        prompter.message(ordersUpdatedText(*count), OrdersUpdateTitle, MessageIcon::Information);
+    return *count;
+}
+
+} // namespace ordwell

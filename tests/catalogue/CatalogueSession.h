@@ -1,0 +1,51 @@
+#pragma once
+
+#include "common/Money.h"
+#include "common/Sql.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
+#include "store/Store.h"
+#include "support/TestSupport.h"
+#include "vendors/VendorRepository.h"
+#include "vendors/VendorSession.h"
+
+#include <QAction>
+
+namespace ordwell::test {
+
+// The main window with the vendor "TST" open, as the catalogue windows find it.
+class CatalogueSession {
+public:
+    CatalogueSession() {
+        storeOrganisationDetails(ctx());
+        if (!VendorRepository::addVendor(ctx().systemDb(), QStringLiteral("Test Supplies"), QStringLiteral("TST")) ||
+            !Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("TST")))
+            qFatal("cannot add the vendor");
+        window = openMainWindow(ctx());
+        if (!ctx().vendorSession().open(QStringLiteral("TST"), QStringLiteral("Test Supplies")))
+            qFatal("cannot open the vendor");
+    }
+    ~CatalogueSession() { window.reset(); }
+
+    AppContext& ctx() { return m_tc.context(); }
+    ScriptedPrompter& prompter() { return m_tc.prompter(); }
+    QSqlDatabase db() { return ctx().vendorDb(); }
+    bool enabled(const QString& entry) const { return window->menuEntry(entry)->isEnabled(); }
+    void addItem(const QString& code, const QString& descr, const QString& price = QStringLiteral("1.00")) {
+        if (!Sql::run(db(),
+                      QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+                                     "VALUES (?, ?, 1, 1, ?, '2099-12-31')"),
+                      {code, descr, Money::parse(price, QLocale::c())->tenThousandths()}))
+            qFatal("cannot add an item");
+    }
+    int count(const QString& table) {
+        return Sql::scalar(db(), QStringLiteral("SELECT count(*) FROM ") + table)->toInt();
+    }
+
+    std::unique_ptr<MainWindow> window;
+
+private:
+    TestContext m_tc;
+};
+
+} // namespace ordwell::test

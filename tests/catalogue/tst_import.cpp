@@ -1,0 +1,278 @@
+#include "VendorFixture.h"
+#include "catalogue/ImportLine.h"
+#include "catalogue/ItemImport.h"
+#include "catalogue/ItemImporter.h"
+#include "catalogue/PriceListReader.h"
+#include "support/ScriptedPrompter.h"
+
+#include <QDir>
+#include <QStringEncoder>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+
+const QDate Today(2024, 6, 15);
+
+// What the progress display was told, in order.
+class RecordedProgress : public ImportProgress {
+public:
+    void showLineCount(int count) override { lineCount = count; }
+    void showLine(int line) override { lastLine = line; }
+    void showInfo(const QString& text) override { infos << text; }
+    void showResetPrices(const QString& text) override { resetPrices = text; }
+    int lineCount = -1;
+    int lastLine = 0;
+    QStringList infos;
+    QString resetPrices;
+};
+
+QString incorrect(const QString& path, const QString& line) {
+    return QStringLiteral("An error has been found in ") + QDir::toNativeSeparators(path) +
+           QStringLiteral(" the line ") + line +
+           QStringLiteral(" is incorrect, please correct this error and re-run the import");
+}
+
+struct ItemRow {
+    QString descr;
+    int packqty = 0;
+    int defqty = 0;
+    QString price;
+    QString expiry;
+};
+
+ItemRow item(const test::VendorFixture& v, const QString& code) {
+    auto q = Sql::exec(
+        v.db(), QStringLiteral("SELECT descr, packqty, defqty, price, priceexp FROM items WHERE code = ?"), {code});
+    ItemRow row;
+    if (q && q.value().next())
+        row = {q.value().value(0).toString(), q.value().value(1).toInt(), q.value().value(2).toInt(),
+               Money::fromTenThousandths(q.value().value(3).toLongLong()).toPlainString(),
+               q.value().value(4).toString()};
+    return row;
+}
+
+QStringList codes(const test::VendorFixture& v) {
+    auto q = Sql::exec(v.db(), QStringLiteral("SELECT code FROM items ORDER BY code"));
+    QStringList out;
+    while (q.value().next())
+        out << q.value().value(0).toString();
+    return out;
+}
+
+} // namespace
+
+class TestImport : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    void lineRules_data() {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("refused"); // the field named, or empty for a good line
+        QTest::newRow("good") << "AB12,Widget,6,2,12.50,31/12/2030"
+                              << "";
+        QTest::newRow("lower-case code") << "ab12,Widget,6,2,12.50,31/12/2030"
+                                         << "";
+        QTest::newRow("iso expiry") << "AB12,Widget,6,2,12.50,2030-12-31"
+                                    << "";
+        QTest::newRow("windows line end") << "AB12,Widget,6,2,12.50,31/12/2030\r"
+                                          << "";
+        QTest::newRow("header line") << "code,descr,packqty,defqty,price,priceexp"
+                                     << "pack quantity";
+        QTest::newRow("too few commas") << "AB12,Widget,6,2,12.50"
+                                        << "five commas";
+        QTest::newRow("comma in description") << "AB12,Widget, large,6,2,12.50,31/12/2030"
+                                              << "pack quantity";
+        QTest::newRow("empty code") << ",Widget,6,2,12.50,31/12/2030"
+                                    << "code";
+        QTest::newRow("code of 26") << QString(26, QLatin1Char('A')) + ",Widget,6,2,1,31/12/2030"
+                                    << "code";
+        QTest::newRow("space in code") << "AB 12,Widget,6,2,12.50,31/12/2030"
+                                       << "code";
+        QTest::newRow("apostrophe in code") << "O'B,Widget,6,2,12.50,31/12/2030"
+                                            << "code";
+        QTest::newRow("description of 56") << "AB12," + QString(56, QLatin1Char('d')) + ",6,2,1,31/12/2030"
+                                           << "description";
+        QTest::newRow("six-digit pack") << "AB12,Widget,123456,2,12.50,31/12/2030"
+                                        << "pack quantity";
+        QTest::newRow("fractional default") << "AB12,Widget,6,1.5,12.50,31/12/2030"
+                                            << "default quantity";
+        QTest::newRow("price of nine") << "AB12,Widget,6,2,123456.78,31/12/2030"
+                                       << "price";
+        QTest::newRow("negative price") << "AB12,Widget,6,2,-1.00,31/12/2030"
+                                        << "price";
+        QTest::newRow("price not a number") << "AB12,Widget,6,2,1.2.3,31/12/2030"
+                                            << "price";
+        QTest::newRow("no expiry") << "AB12,Widget,6,2,12.50,"
+                                   << "expiry";
+        QTest::newRow("no such day") << "AB12,Widget,6,2,12.50,31/02/2030"
+                                     << "expiry";
+        QTest::newRow("expiry with a comma") << "AB12,Widget,6,2,12.50,31/12/2030,x"
+                                             << "expiry";
+    }
+    void lineRules() {
+        QFETCH(QString, line);
+        QFETCH(QString, refused);
+        const Result<ImportedItem> parsed = parseImportLine(line);
+        if (refused.isEmpty()) {
+            QVERIFY2(parsed.isOk(), qPrintable(parsed.message()));
+            QCOMPARE(parsed->code, QStringLiteral("AB12"));
+            QCOMPARE(parsed->descr, QStringLiteral("Widget"));
+            QCOMPARE(parsed->packqty, 6);
+            QCOMPARE(parsed->defqty, 2);
+            QCOMPARE(parsed->price.toPlainString(), QStringLiteral("12.50"));
+            QCOMPARE(parsed->expiry, QDate(2030, 12, 31));
+        } else {
+            QVERIFY(!parsed.isOk());
+            QVERIFY2(parsed.message().contains(refused), qPrintable(parsed.message()));
+        }
+    }
+
+    // An incorrect line keeps exactly the lines before it, whatever batch they fell in, and
+    // nothing after it is read; a header line therefore imports nothing.
+    void anIncorrectLineKeepsExactlyTheEarlierLines_data() {
+        QTest::addColumn<int>("badLine");
+        QTest::addColumn<int>("batch");
+        QTest::newRow("header") << 1 << 5000;
+        QTest::newRow("inside a batch") << 6 << 4;
+        QTest::newRow("right after a batch") << 5 << 4;
+        QTest::newRow("one line batches") << 3 << 1;
+    }
+    void anIncorrectLineKeepsExactlyTheEarlierLines() {
+        QFETCH(int, badLine);
+        QFETCH(int, batch);
+        test::VendorFixture v;
+        QByteArray content;
+        for (int i = 1; i <= 9; ++i)
+            content += i == badLine ? QByteArray("code,descr,packqty,defqty,price,priceexp\n")
+                                    : QByteArray("C") + QByteArray::number(i) + ",Item,1,1,1.00,31/12/2030\n";
+        const QString path = v.folders().desktopDir() + QStringLiteral("/list.csv");
+        QVERIFY(test::writeFile(path, content));
+        ItemImporter importer(v.db(), Today);
+        importer.setBatchSize(batch);
+        const ImportOutcome outcome = importer.importFile(path);
+        QCOMPARE(outcome.stop, ImportOutcome::Stop::IncorrectLine);
+        QCOMPARE(outcome.linesStored, badLine - 1);
+        QCOMPARE(v.count(QStringLiteral("items")), badLine - 1);
+        QCOMPARE(outcome.message, incorrect(path, QStringLiteral("code,descr,packqty,defqty,price,priceexp")));
+        QVERIFY(item(v, QStringLiteral("C%1").arg(badLine + 1)).descr.isEmpty());
+    }
+
+    // abc1 updates ABC1; a price expired before today becomes 0.00 expiring 11 March 2020 and
+    // is counted; one expiring today is kept; a second run of the same file adds nothing.
+    void updatesExpiriesAndRepeats() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("ABC1"), QStringLiteral("9.99"), QDate(2030, 1, 1), QStringLiteral("Old name"));
+        const QString path = v.folders().desktopDir() + QStringLiteral("/list.txt");
+        QVERIFY(test::writeFile(path, "abc1,New name,12,3,4.25,01/01/2031\n"
+                                      "OLD1,Yesterday,1,1,5.00,14/06/2024\n"
+                                      "OLD2,Last week,1,1,5.00,08/06/2024\n"
+                                      "NOW1,Today,1,1,7.10,15/06/2024"));
+        ItemImporter importer(v.db(), Today);
+        ImportOutcome outcome = importer.importFile(path);
+        QVERIFY2(outcome.completed(), qPrintable(outcome.message));
+        QCOMPARE(outcome.linesStored, 4);
+        QCOMPARE(outcome.expiredCount, 2);
+        QCOMPARE(codes(v), (QStringList{"ABC1", "NOW1", "OLD1", "OLD2"}));
+        const ItemRow abc = item(v, QStringLiteral("ABC1"));
+        QCOMPARE(abc.descr, QStringLiteral("New name"));
+        QCOMPARE(abc.packqty, 12);
+        QCOMPARE(abc.defqty, 3);
+        QCOMPARE(abc.price, QStringLiteral("4.25"));
+        QCOMPARE(abc.expiry, QStringLiteral("2031-01-01"));
+        QCOMPARE(item(v, QStringLiteral("OLD1")).price, QStringLiteral("0.00"));
+        QCOMPARE(item(v, QStringLiteral("OLD1")).expiry, QStringLiteral("2020-03-11"));
+        QCOMPARE(item(v, QStringLiteral("OLD2")).price, QStringLiteral("0.00"));
+        QCOMPARE(item(v, QStringLiteral("NOW1")).price, QStringLiteral("7.10"));
+        QCOMPARE(item(v, QStringLiteral("NOW1")).expiry, QStringLiteral("2024-06-15"));
+
+        outcome = importer.importFile(path);
+        QVERIFY(outcome.completed());
+        QCOMPARE(v.count(QStringLiteral("items")), 4);
+        QCOMPARE(expiredPricesText(2),
+                 QStringLiteral("There were 2 expired prices, these items prices have been set to "
+                                "\u00a30.00"));
+    }
+
+    // Windows line ends, a byte-order mark or UTF-16 import as plain UTF-8 would; bytes that are
+    // not UTF-8 are refused before anything is written, naming the line.
+    void encodingsAndLineEnds_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("lines"); // -1: refused
+        const QString text =
+            QStringLiteral("P1,Cr\u00e8me br\u00fbl\u00e9e,1,1,2.00,31/12/2030\nP2,Tea,1,1,1.00,31/12/2030\n");
+        QTest::newRow("utf-8") << text.toUtf8() << 2;
+        QTest::newRow("crlf") << QString(text).replace(QStringLiteral("\n"), QStringLiteral("\r\n")).toUtf8() << 2;
+        QTest::newRow("no final line end") << text.chopped(1).toUtf8() << 2;
+        QTest::newRow("utf-8 mark") << QByteArray("\xEF\xBB\xBF") + text.toUtf8() << 2;
+        QStringEncoder utf16(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
+        QTest::newRow("utf-16 with mark") << QByteArray(utf16(text)) << 2;
+        QTest::newRow("latin-1") << QByteArray("P1,Tea,1,1,2.00,31/12/2030\nP2,Cr\xE8me,1,1,1.00,31/12/2030\n") << -1;
+    }
+    void encodingsAndLineEnds() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, lines);
+        test::VendorFixture v;
+        const QString path = v.folders().desktopDir() + QStringLiteral("/list.csv");
+        QVERIFY(test::writeFile(path, bytes));
+        test::ScriptedPrompter prompter;
+        RecordedProgress progress;
+        const Result<int> counted = ItemImport::prepare(path, prompter, progress);
+        if (lines < 0) {
+            QVERIFY(!counted);
+            QCOMPARE(prompter.messages.size(), 1);
+            QVERIFY2(prompter.lastText().contains(QLatin1String("line 2")), qPrintable(prompter.lastText()));
+            QVERIFY(prompter.lastText().contains(QLatin1String("UTF-8")));
+            QCOMPARE(v.count(QStringLiteral("items")), 0);
+            return;
+        }
+        QCOMPARE(*counted, lines);
+        QCOMPARE(progress.lineCount, lines);
+        const ItemImport::Run run = ItemImport::execute(v.db(), path, Today, prompter, progress);
+        QVERIFY2(run.outcome.completed(), qPrintable(run.outcome.message));
+        QVERIFY(prompter.messages.isEmpty());
+        QCOMPARE(codes(v), (QStringList{"P1", "P2"}));
+        QCOMPARE(item(v, QStringLiteral("P1")).descr, QStringLiteral("Cr\u00e8me br\u00fbl\u00e9e"));
+        QCOMPARE(item(v, QStringLiteral("P2")).expiry, QStringLiteral("2030-12-31"));
+    }
+
+    // After a good import: the expired-price report, the revaluation with its message and the
+    // completion text, in that order; after an incorrect line, only its message.
+    void whatFollowsTheImport() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("A1"), QStringLiteral("1.00"));
+        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("1.00"));
+        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+        v.addOrder(QStringLiteral("TST2"), QStringLiteral("L"), QStringLiteral("2.00"));
+        v.addLine(QStringLiteral("TST2"), 1, QStringLiteral("A1"), 2, QStringLiteral("1.00"), QStringLiteral("2.00"));
+        const QString bad = v.folders().desktopDir() + QStringLiteral("/bad.csv");
+        QVERIFY(test::writeFile(bad, "A1,Apple,1,1,3.00,31/12/2030\nB2,Pear,x,1,1.00,31/12/2030\n"));
+        test::ScriptedPrompter prompter;
+        RecordedProgress progress;
+        ItemImport::Run run = ItemImport::execute(v.db(), bad, Today, prompter, progress);
+        QCOMPARE(prompter.messages.size(), 1);
+        QCOMPARE(prompter.messages[0].text, incorrect(bad, QStringLiteral("B2,Pear,x,1,1.00,31/12/2030")));
+        QCOMPARE(prompter.messages[0].title, QStringLiteral("Incorrect File format"));
+        QCOMPARE(prompter.messages[0].icon, MessageIcon::Critical);
+        QVERIFY(progress.infos.isEmpty());
+        QCOMPARE(item(v, QStringLiteral("A1")).price, QStringLiteral("3.00"));
+        QCOMPARE(v.total(QStringLiteral("TST1")), QStringLiteral("1.00")); // not revalued
+
+        const QString good = v.folders().desktopDir() + QStringLiteral("/good.csv");
+        QVERIFY(test::writeFile(good, "A1,Apple,1,1,3.00,31/12/2030\nB2,Pear,1,1,1.00,01/01/2020\n"));
+        prompter.clear();
+        run = ItemImport::execute(v.db(), good, Today, prompter, progress);
+        QCOMPARE(run.ordersUpdated, 2);
+        QCOMPARE(prompter.texts(), QStringList{QStringLiteral("2 order values have been updated")});
+        QCOMPARE(progress.resetPrices, expiredPricesText(1));
+        QCOMPARE(progress.infos, (QStringList{QStringLiteral("Updating order prices, please wait"),
+                                              QStringLiteral("The import has completed, please click on Exit")}));
+        QCOMPARE(progress.lastLine, 2);
+        QCOMPARE(v.total(QStringLiteral("TST2")), QStringLiteral("6.00"));
+    }
+};
+
+QTEST_MAIN(TestImport)
+#include "tst_import.moc"

@@ -1,0 +1,240 @@
+#include "catalogue/ItemBrowser.h"
+#include "catalogue/ItemChecks.h"
+#include "common/Sql.h"
+#include "store/Store.h"
+#include "support/TestSupport.h"
+#include "vendors/VendorSession.h"
+
+#include <QTest>
+
+using namespace ordwell;
+using ItemChecks::Box;
+
+namespace {
+
+const QDate Today(2026, 3, 15);
+
+QStringList boxes(const QString& code, const QString& descr = QStringLiteral("Apple"),
+                  const QString& pack = QStringLiteral("6"), const QString& qty = QStringLiteral("1"),
+                  const QString& price = QStringLiteral("12.50"),
+                  const QString& expiry = QStringLiteral("16/03/2026")) {
+    return {code, descr, pack, qty, price, expiry};
+}
+
+Item item(const QString& code, const QString& descr = QStringLiteral("Thing")) {
+    return Item{code, descr, 6, 2, Money::fromPence(1250), QDate(2027, 1, 31)};
+}
+
+} // namespace
+
+class TestItemCore : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    // Save checks: the first failing box in field order wins, whatever fails after it.
+    void saveChecksInOrder_data() {
+        QTest::addColumn<QStringList>("typed");
+        QTest::addColumn<int>("box");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("after"); // the failing box's text afterwards
+        QTest::newRow("no code, no price") << boxes("", "", "", "", "x", "") << int(ItemChecks::Code) << "No Item code"
+                                           << "";
+        QTest::newRow("space in code") << boxes("AB 12", "") << int(ItemChecks::Code) << "Illegal character used"
+                                       << "AB 12";
+        QTest::newRow("accent in code") << boxes("é1") << int(ItemChecks::Code) << "Illegal character used"
+                                        << "é1";
+        QTest::newRow("no description") << boxes("A1", "", "x") << int(ItemChecks::Description) << "No item description"
+                                        << "";
+        QTest::newRow("pack 1.5") << boxes("A1", "Apple", "1.5", "x") << int(ItemChecks::PackQty)
+                                  << "Incorrect pack quantity"
+                                  << "1.5";
+        QTest::newRow("pack letter") << boxes("A1", "Apple", "6a") << int(ItemChecks::PackQty)
+                                     << "Incorrect pack quantity"
+                                     << "6a";
+        QTest::newRow("default empty") << boxes("A1", "Apple", "6", "") << int(ItemChecks::DefaultQty)
+                                       << "Incorrect default order quantity"
+                                       << "";
+        QTest::newRow("default -1") << boxes("A1", "Apple", "6", "-1") << int(ItemChecks::DefaultQty)
+                                    << "Incorrect default order quantity"
+                                    << "-1";
+        QTest::newRow("price letter") << boxes("A1", "Apple", "6", "1", "12.5O", "") << int(ItemChecks::Price)
+                                      << "No price defined"
+                                      << "";
+        QTest::newRow("price empty") << boxes("A1", "Apple", "6", "1", "") << int(ItemChecks::Price)
+                                     << "No price defined"
+                                     << "";
+        QTest::newRow("expiry not a date")
+            << boxes("A1", "Apple", "6", "1", "1", "31/02/2026") << int(ItemChecks::PriceExpiry) << "Invalid date"
+            << "31/02/2026";
+        QTest::newRow("expiry yesterday")
+            << boxes("A1", "Apple", "6", "1", "1", "14/03/2026") << int(ItemChecks::PriceExpiry) << "Invalid date"
+            << "";
+    }
+    void saveChecksInOrder() {
+        QFETCH(QStringList, typed);
+        QFETCH(int, box);
+        QFETCH(QString, title);
+        QFETCH(QString, after);
+        const auto refusal = ItemChecks::ValidateItem(typed, Today);
+        QVERIFY(refusal);
+        QCOMPARE(int(refusal->box), box);
+        QCOMPARE(refusal->title, title);
+        QCOMPARE(typed.at(box), after);
+        QCOMPARE(refusal->emptiesBox, after.isEmpty() && box >= ItemChecks::Price);
+    }
+
+    void savePassesAndUpperCases_data() {
+        QTest::addColumn<QStringList>("typed");
+        QTest::addColumn<Item>("expected");
+        QTest::newRow("ab12, expiry today") << boxes("ab12", "Apple's", "6", "1", "12.50", "15/03/2026")
+                                            << Item{"AB12", "Apple's", 6, 1, Money::fromPence(1250), Today};
+        QTest::newRow("grouped price") << boxes("Z9", "Zest", "0", "9999", "1,234.5", "01/01/2030")
+                                       << Item{"Z9", "Zest", 0, 9999, Money::fromPence(123450), QDate(2030, 1, 1)};
+    }
+    void savePassesAndUpperCases() {
+        QFETCH(QStringList, typed);
+        QFETCH(Item, expected);
+        QVERIFY(!ItemChecks::ValidateItem(typed, Today));
+        QCOMPARE(typed.first(), expected.code);
+        QVERIFY(ItemChecks::itemFrom(typed) == expected);
+        // What the boxes show for the stored item fits them and reads back as the same item.
+        const QStringList shown = ItemChecks::boxesFor(expected);
+        for (int i = 0; i < ItemChecks::BoxCount; ++i)
+            QVERIFY2(shown.at(i).size() <= ItemChecks::InputLimits[i], qPrintable(shown.at(i)));
+        QVERIFY(ItemChecks::itemFrom(shown) == expected);
+    }
+
+    // Whatever the regional formats, what the boxes show fits them and reads back the same.
+    void boxesFitInEveryLocale_data() {
+        QTest::addColumn<QLocale>("locale");
+        QTest::newRow("en_GB") << QLocale(QLocale::English, QLocale::UnitedKingdom);
+        QTest::newRow("C") << QLocale::c();
+        QTest::newRow("de_DE") << QLocale(QLocale::German, QLocale::Germany);
+        QTest::newRow("en_US") << QLocale(QLocale::English, QLocale::UnitedStates);
+    }
+    void boxesFitInEveryLocale() {
+        QFETCH(QLocale, locale);
+        const Item stored{"Z9", "Zest", 9999, 12, Money::fromPence(999999), QDate(2027, 12, 23)};
+        const QStringList shown = ItemChecks::boxesFor(stored, locale);
+        for (int i = 0; i < ItemChecks::BoxCount; ++i)
+            QVERIFY2(shown.at(i).size() <= ItemChecks::InputLimits[i], qPrintable(shown.at(i)));
+        QStringList checked = shown;
+        QVERIFY(!ItemChecks::ValidateItem(checked, Today, locale));
+        QVERIFY(ItemChecks::itemFrom(checked, locale) == stored);
+    }
+
+    // Enter in each box: where it goes, what it rewrites, what it says.
+    void enterTable_data() {
+        QTest::addColumn<int>("box");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("moveOn");
+        QTest::addColumn<QString>("rewritten");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("code lower") << int(ItemChecks::Code) << "ab12" << true << "AB12"
+                                    << "";
+        QTest::newRow("code taken") << int(ItemChecks::Code) << "taken1" << false << "TAKEN1"
+                                    << "Duplicate Item Code";
+        QTest::newRow("code space") << int(ItemChecks::Code) << "a b" << false << "A B"
+                                    << "Illegal character used";
+        QTest::newRow("descr empty") << int(ItemChecks::Description) << "" << false << ""
+                                     << "";
+        QTest::newRow("pack text") << int(ItemChecks::PackQty) << "six" << false << "six"
+                                   << "";
+        QTest::newRow("default ok") << int(ItemChecks::DefaultQty) << "12" << true << "12"
+                                    << "";
+        QTest::newRow("price 12.5") << int(ItemChecks::Price) << "12.5" << true << "12.50"
+                                    << "";
+        QTest::newRow("price 1234") << int(ItemChecks::Price) << "1234" << true << "1,234.00"
+                                    << "";
+        QTest::newRow("price too wide to group") << int(ItemChecks::Price) << "99999" << true << "99999.00"
+                                                 << "";
+        QTest::newRow("price empty") << int(ItemChecks::Price) << "" << false << ""
+                                     << "";
+        QTest::newRow("expiry today") << int(ItemChecks::PriceExpiry) << "15/03/2026" << false << ""
+                                      << "Invalid date";
+        QTest::newRow("expiry tomorrow") << int(ItemChecks::PriceExpiry) << "16/03/2026" << true << "16/03/2026"
+                                         << "";
+        QTest::newRow("expiry garbage") << int(ItemChecks::PriceExpiry) << "soon" << false << ""
+                                        << "Invalid date";
+    }
+    void enterTable() {
+        QFETCH(int, box);
+        QFETCH(QString, typed);
+        QFETCH(bool, moveOn);
+        QFETCH(QString, rewritten);
+        QFETCH(QString, title);
+        const auto exists = [](const QString& code) { return Result<bool>(code == QLatin1String("TAKEN1")); };
+        const auto outcome = ItemChecks::enterPressed(Box(box), typed, Today, exists);
+        QCOMPARE(outcome.moveOn, moveOn);
+        QCOMPARE(outcome.refusal.has_value(), !title.isEmpty());
+        if (outcome.refusal)
+            QCOMPARE(outcome.refusal->title, title);
+        if (moveOn || box == ItemChecks::Code)
+            QCOMPARE(outcome.rewritten, rewritten);
+    }
+
+    // Paging by key over a catalogue, positions from the index, the masks by position.
+    void browsesByKey() {
+        test::TestContext tc;
+        QVERIFY(Store::CreateVendorDatabase(tc.context().dataDir(), QStringLiteral("ABC")));
+        QVERIFY(tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme")));
+        ItemBrowser browser(tc.context().vendorDb());
+        QVERIFY(browser.open());
+        QCOMPARE(browser.positionText(), QStringLiteral("There are no items"));
+        QCOMPARE(browser.navigationMask(), QStringLiteral("1000000001"));
+        QVERIFY(!browser.current());
+
+        // Inserted out of order, with a quote in a description.
+        for (const char* code : {"C3", "A1", "E5", "B2", "D4"})
+            QVERIFY(browser.add(item(QString::fromLatin1(code), QStringLiteral("O'Hara's %1").arg(code))));
+        QCOMPARE(browser.count(), 5);
+        // After adding, the list stands at its first row.
+        QCOMPARE(browser.current()->code, QStringLiteral("A1"));
+        QCOMPARE(browser.positionText(), QStringLiteral("Record 1 of 5"));
+        QCOMPARE(browser.navigationMask(), QStringLiteral("1000011111"));
+
+        QStringList walk;
+        for (int i = 0; i < 4; ++i) {
+            QVERIFY(browser.next());
+            walk << browser.current()->code + QLatin1Char('@') + QString::number(browser.position());
+        }
+        QCOMPARE(walk, (QStringList{"B2@2", "C3@3", "D4@4", "E5@5"}));
+        QCOMPARE(browser.navigationMask(), QStringLiteral("1001110011"));
+        QVERIFY(browser.previous());
+        QCOMPARE(browser.positionText(), QStringLiteral("Record 4 of 5"));
+        QCOMPARE(browser.navigationMask(), QStringLiteral("1001111111"));
+        QVERIFY(browser.first());
+        QCOMPARE(browser.current()->code, QStringLiteral("A1"));
+        QVERIFY(browser.last());
+        QCOMPARE(browser.current()->code + QString::number(browser.position()), QStringLiteral("E55"));
+        // Past the end there is nowhere to go: it stays.
+        QVERIFY(!browser.next());
+        QVERIFY(browser.lastError());
+        QCOMPARE(browser.current()->code + QString::number(browser.position()), QStringLiteral("E55"));
+
+        // Codes are found whatever their case; descriptions exactly.
+        QCOMPARE(*browser.goTo(QStringLiteral("c3")), true);
+        QCOMPARE(browser.position(), 3);
+        QCOMPARE(*browser.goTo(QStringLiteral("ZZ")), false);
+        QCOMPARE(browser.current()->code, QStringLiteral("C3"));
+        QCOMPARE(*browser.goToDescription(QStringLiteral("O'Hara's D4")), true);
+        QCOMPARE(browser.position(), 4);
+
+        // An edit is stored and shown; an edit of a row that has gone is refused, not inserted.
+        Item edited = item(QStringLiteral("B2"), QStringLiteral("Changed"));
+        edited.price = Money::fromPence(99);
+        QVERIFY(browser.save(edited));
+        QVERIFY(browser.current() == edited);
+        QCOMPARE(browser.position(), 2);
+        QVERIFY(!browser.save(item(QStringLiteral("GONE"))));
+        QCOMPARE(*browser.repository().count(), 5);
+
+        // A duplicate code, in any case, is refused by the table too.
+        QVERIFY(!browser.repository().insert(item(QStringLiteral("a1"))));
+        QCOMPARE(ItemBrowser::navigationMask(1, 1), QStringLiteral("1000010001"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestItemCore)
+#include "tst_itemcore.moc"

@@ -1,0 +1,318 @@
+#include "catalogue/ItemForm.h"
+#include "common/Dates.h"
+#include "common/FormHelpers.h"
+#include "common/Sql.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
+#include "store/Store.h"
+#include "support/TestSupport.h"
+#include "vendors/VendorRepository.h"
+#include "vendors/VendorSession.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+
+const QDate Today(2026, 3, 15);
+const QString Expired = QStringLiteral("The price has already expired, please enter a date in the future");
+const QString Duplicate =
+    QStringLiteral("A Duplicate item code has been detected, please choose a different item code");
+
+// The main window with vendor ABC open and its item window opened from the menu.
+class Desk {
+public:
+    explicit Desk(const QStringList& codes = {}) {
+        test::storeOrganisationDetails(ctx());
+        VendorRepository::addVendor(ctx().systemDb(), QStringLiteral("Acme Ltd"), QStringLiteral("ABC"));
+        Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("ABC"));
+        window = test::openMainWindow(ctx());
+        ctx().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Ltd"));
+        for (const QString& code : codes)
+            addItem(code, 125000);
+        open();
+    }
+    void addItem(const QString& code, qint64 price) {
+        QVERIFY(Sql::run(ctx().vendorDb(), QStringLiteral("INSERT INTO items VALUES (?, ?, 6, 2, ?, '2030-06-30')"),
+                         {code, QStringLiteral("About ") + code, price}));
+    }
+    void open() {
+        window->triggerMenu(QStringLiteral("mnueditms"));
+        form = window->findChild<ItemForm*>(QStringLiteral("frmaddedititem"));
+        QVERIFY(form);
+        form->setToday(Today);
+    }
+
+    AppContext& ctx() { return tc.context(); }
+    test::ScriptedPrompter& prompter() { return tc.prompter(); }
+    QLineEdit* box(int i) { return test::child<QLineEdit>(form, QStringLiteral("txtbox_%1").arg(i)); }
+    QPushButton* button(int i) { return test::child<QPushButton>(form, QStringLiteral("cmdbutton_%1").arg(i)); }
+    void press(int i) {
+        QVERIFY2(button(i)->isEnabled(), qPrintable(button(i)->text()));
+        QTest::mouseClick(button(i), Qt::LeftButton);
+    }
+    QString position() { return test::child<QLabel>(form, QStringLiteral("lblreccount"))->text(); }
+    QString mask() {
+        QString m;
+        for (int i = 0; i < ItemForm::ButtonCount; ++i)
+            m += button(i)->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+        return m;
+    }
+    QString shown() {
+        QStringList texts;
+        for (int i = 0; i < 6; ++i)
+            texts << box(i)->text();
+        return texts.join(QLatin1Char('|'));
+    }
+    // Which boxes are open for typing, as '1' per box.
+    QString open_() {
+        QString m;
+        for (int i = 0; i < 6; ++i)
+            m += box(i)->isReadOnly() ? QLatin1Char('0') : QLatin1Char('1');
+        return m;
+    }
+    QString menus() {
+        QString m;
+        for (QAction* a : window->maskedEntries())
+            m += a->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+        return m;
+    }
+    void type(int i, const QString& text) {
+        box(i)->setFocus();
+        box(i)->selectAll();
+        QTest::keyClicks(box(i), text);
+    }
+    void typeEnter(int i, const QString& text) {
+        type(i, text);
+        test::pressEnter(box(i));
+    }
+    QString stored(const QString& code) {
+        return Sql::scalar(ctx().vendorDb(),
+                           QStringLiteral("SELECT code || '|' || descr || '|' || packqty || '|' || defqty || '|' || "
+                                          "price || '|' || priceexp FROM items WHERE code = ?"),
+                           {code})
+            ->toString();
+    }
+
+    test::TestContext tc;
+    std::unique_ptr<MainWindow> window;
+    QPointer<ItemForm> form;
+};
+
+} // namespace
+
+class TestItemForm : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    void opensOnAnEmptyCatalogue() {
+        Desk d;
+        QCOMPARE(d.form->windowTitle(), QStringLiteral("Add / Edit an item"));
+        QCOMPARE(d.position(), QStringLiteral("There are no active items"));
+        QCOMPARE(d.mask(), QStringLiteral("1000000001"));
+        QCOMPARE(d.open_(), QStringLiteral("000000"));
+        QCOMPARE(boxColour(d.box(0)), BoxColour::Locked);
+        QCOMPARE(d.menus(), MenuMasks::VendorWindow.left(18));
+        QCOMPARE(d.ctx().OpenWindowCount, 1);
+        // The position label is read out by its text, and says what it is.
+        QVERIFY(test::child<QLabel>(d.form, "lblreccount")->accessibleName().isEmpty());
+        QCOMPARE(d.button(3)->accessibleName(), QStringLiteral("First item"));
+        QCOMPARE(test::child<QLabel>(d.form, "lblreccount")->text(), d.position());
+    }
+
+    void masksFollowThePosition() {
+        Desk d({QStringLiteral("B2"), QStringLiteral("A1"), QStringLiteral("C3")});
+        QCOMPARE(d.shown(), QStringLiteral("A1|About A1|6|2|12.50|30/06/2030"));
+        QCOMPARE(d.position(), QStringLiteral("Record 1 of 3"));
+        QCOMPARE(d.mask(), QStringLiteral("1000011111"));
+        d.press(ItemForm::Next);
+        QCOMPARE(d.shown().left(2), QStringLiteral("B2"));
+        QCOMPARE(d.position(), QStringLiteral("Record 2 of 3"));
+        QCOMPARE(d.mask(), QStringLiteral("1001111111"));
+        d.press(ItemForm::Last);
+        QCOMPARE(d.shown().left(2), QStringLiteral("C3"));
+        QCOMPARE(d.mask(), QStringLiteral("1001110011"));
+        d.press(ItemForm::Previous);
+        QCOMPARE(d.position(), QStringLiteral("Record 2 of 3"));
+        d.press(ItemForm::First);
+        QCOMPARE(d.position(), QStringLiteral("Record 1 of 3"));
+    }
+
+    void oneItemOffersAddEditAndExit() {
+        Desk d({QStringLiteral("ONLY1")});
+        // Find is no use with one item.
+        QCOMPARE(d.mask(), QStringLiteral("1000010001"));
+        QCOMPARE(d.position(), QStringLiteral("Record 1 of 1"));
+    }
+
+    void addsAnItemByKeyboard() {
+        Desk d({QStringLiteral("M5")});
+        d.press(ItemForm::AddItem);
+        QCOMPARE(d.shown(), QStringLiteral("|||||"));
+        QCOMPARE(d.mask(), QStringLiteral("0110000000"));
+        QCOMPARE(d.position(), QStringLiteral("Adding New Record"));
+        QCOMPARE(d.open_(), QStringLiteral("111111"));
+        QCOMPARE(boxColour(d.box(3)), BoxColour::Required);
+        QCOMPARE(QApplication::focusWidget(), d.box(0));
+
+        // Each Enter moves to the next box once the box's own check passes.
+        d.typeEnter(0, QStringLiteral("ab12"));
+        QCOMPARE(d.box(0)->text(), QStringLiteral("AB12"));
+        QCOMPARE(QApplication::focusWidget(), d.box(1));
+        d.typeEnter(1, QString());
+        QCOMPARE(QApplication::focusWidget(), d.box(1));
+        d.typeEnter(1, QStringLiteral("Apple's best"));
+        QCOMPARE(QApplication::focusWidget(), d.box(2));
+        d.typeEnter(2, QStringLiteral("x"));
+        QCOMPARE(QApplication::focusWidget(), d.box(2));
+        d.typeEnter(2, QStringLiteral("12"));
+        QCOMPARE(QApplication::focusWidget(), d.box(3));
+        d.typeEnter(3, QStringLiteral("3"));
+        QCOMPARE(QApplication::focusWidget(), d.box(4));
+        d.typeEnter(4, QStringLiteral("1234.5"));
+        QCOMPARE(d.box(4)->text(), QStringLiteral("1,234.50"));
+        QCOMPARE(QApplication::focusWidget(), d.box(5));
+        QVERIFY(d.prompter().messages.isEmpty());
+
+        // Enter refuses an expiry of today; Save takes it.
+        d.typeEnter(5, QStringLiteral("15/03/2026"));
+        QCOMPARE(d.prompter().texts(), QStringList{Expired});
+        QCOMPARE(d.prompter().messages.first().title, QStringLiteral("Invalid date"));
+        QCOMPARE(d.box(5)->text(), QString());
+        QCOMPARE(QApplication::focusWidget(), d.box(5));
+        d.typeEnter(5, QStringLiteral("16/03/2026"));
+        QCOMPARE(QApplication::focusWidget(), d.button(ItemForm::Save));
+        d.type(5, QStringLiteral("15/03/2026"));
+        d.prompter().clear();
+        d.press(ItemForm::Save);
+        QVERIFY(d.prompter().messages.isEmpty());
+        QCOMPARE(d.stored(QStringLiteral("AB12")), QStringLiteral("AB12|Apple's best|12|3|12345000|2026-03-15"));
+        // After adding, the list stands at its first row.
+        QCOMPARE(d.position(), QStringLiteral("Record 1 of 2"));
+        QCOMPARE(d.shown().left(4), QStringLiteral("AB12"));
+        QCOMPARE(d.open_(), QStringLiteral("000000"));
+        QCOMPARE(QApplication::focusWidget(), d.button(ItemForm::AddItem));
+    }
+
+    void saveRefusesInFieldOrderAndDuplicates() {
+        Desk d({QStringLiteral("AB12")});
+        d.press(ItemForm::AddItem);
+        d.type(0, QStringLiteral("ab12"));
+        d.type(1, QStringLiteral("Apple"));
+        d.type(2, QStringLiteral("6"));
+        d.type(3, QStringLiteral("1"));
+        d.type(4, QStringLiteral("12.5O"));
+        d.type(5, QStringLiteral("yesterday"));
+        d.press(ItemForm::Save);
+        QCOMPARE(d.prompter().texts(), QStringList{"You have not entered a valid price, please correct these details"});
+        QCOMPARE(d.box(4)->text(), QString());
+        QCOMPARE(QApplication::focusWidget(), d.box(4));
+        QCOMPARE(d.position(), QStringLiteral("Adding New Record"));
+
+        d.prompter().clear();
+        d.type(4, QStringLiteral("12.50"));
+        d.type(5, QStringLiteral("14/03/2026"));
+        d.press(ItemForm::Save);
+        QCOMPARE(d.prompter().texts(), QStringList{Expired});
+        QCOMPARE(d.box(5)->text(), QString());
+
+        // The code, upper-cased, is already taken: nothing is stored and the add goes on.
+        d.prompter().clear();
+        d.type(5, QStringLiteral("01/01/2027"));
+        d.press(ItemForm::Save);
+        QCOMPARE(d.prompter().texts(), QStringList{Duplicate});
+        QCOMPARE(d.prompter().messages.first().title, QStringLiteral("Duplicate Item Code"));
+        QCOMPARE(d.box(0)->text(), QStringLiteral("AB12"));
+        QCOMPARE(QApplication::focusWidget(), d.box(0));
+        QCOMPARE(d.mask(), QStringLiteral("0110000000"));
+        QCOMPARE(*Sql::scalar(d.ctx().vendorDb(), QStringLiteral("SELECT COUNT(*) FROM items")), QVariant(1));
+
+        // Enter in the code box says the same before the rest is typed.
+        d.prompter().clear();
+        d.typeEnter(0, QStringLiteral("Ab12"));
+        QCOMPARE(d.prompter().texts(), QStringList{Duplicate});
+        d.prompter().clear();
+        d.typeEnter(0, QStringLiteral("a-1"));
+        QCOMPARE(d.prompter().texts(),
+                 QStringList{"The item code contains invalid characters, please correct the item code"});
+
+        // Cancel returns to the first item, untouched.
+        d.press(ItemForm::Cancel);
+        QCOMPARE(d.shown(), QStringLiteral("AB12|About AB12|6|2|12.50|30/06/2030"));
+        QCOMPARE(d.position(), QStringLiteral("Record 1 of 1"));
+    }
+
+    void editsAllButTheCode() {
+        Desk d({QStringLiteral("A1"), QStringLiteral("B2"), QStringLiteral("C3")});
+        d.press(ItemForm::Next);
+        d.press(ItemForm::Edit);
+        QCOMPARE(d.open_(), QStringLiteral("011111"));
+        QCOMPARE(boxColour(d.box(0)), BoxColour::Locked);
+        QCOMPARE(d.position(), QStringLiteral("Editing Record"));
+        QCOMPARE(QApplication::focusWidget(), d.box(1));
+        // Enter in the locked code box checks nothing (the code exists, of course).
+        test::pressEnter(d.box(0));
+        QVERIFY(d.prompter().messages.isEmpty());
+
+        d.type(1, QStringLiteral("Banana, ripe"));
+        d.type(4, QStringLiteral("0.99"));
+        d.press(ItemForm::Save);
+        QVERIFY(d.prompter().messages.isEmpty());
+        QCOMPARE(d.stored(QStringLiteral("B2")), QStringLiteral("B2|Banana, ripe|6|2|9900|2030-06-30"));
+        QCOMPARE(d.position(), QStringLiteral("Record 2 of 3"));
+        QCOMPARE(d.shown(), QStringLiteral("B2|Banana, ripe|6|2|0.99|30/06/2030"));
+
+        // Cancel throws the edit away and stays on the item.
+        d.press(ItemForm::Last);
+        d.press(ItemForm::Edit);
+        d.type(1, QStringLiteral("Changed my mind"));
+        d.press(ItemForm::Cancel);
+        QCOMPARE(d.shown(), QStringLiteral("C3|About C3|6|2|12.50|30/06/2030"));
+        QCOMPARE(d.position(), QStringLiteral("Record 3 of 3"));
+        QCOMPARE(d.mask(), QStringLiteral("1001110011"));
+        QCOMPARE(d.stored(QStringLiteral("C3")), QStringLiteral("C3|About C3|6|2|125000|2030-06-30"));
+    }
+
+    void closeBoxIsCancelWhileAddingAndExitOtherwise() {
+        Desk d({QStringLiteral("A1")});
+        d.press(ItemForm::AddItem);
+        d.form->parentWidget()->close();
+        QTRY_COMPARE(d.position(), QStringLiteral("Record 1 of 1"));
+        QVERIFY(d.form);
+        d.form->parentWidget()->close();
+        QTRY_VERIFY(d.form.isNull());
+        QCOMPARE(d.ctx().OpenWindowCount, 0);
+        QCOMPARE(d.menus(), MenuMasks::VendorOpen.left(18));
+    }
+
+    void exitRevaluesOpenOrdersEvenWithoutChanges() {
+        Desk d({QStringLiteral("A1")});
+        // An entered order priced before the catalogue's last change.
+        QVERIFY(Sql::run(d.ctx().vendorDb(),
+                         QStringLiteral("INSERT INTO orderhead (orderid, orderdate, status, totalval) VALUES "
+                                        "('ABC1000001', '2026-01-01', 'E', 20000)")));
+        QVERIFY(Sql::run(d.ctx().vendorDb(),
+                         QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, "
+                                        "lineval, recvqty) VALUES ('ABC1000001', 1, 'A1', '2026-01-01', 'E', 2, "
+                                        "10000, 20000, 0)")));
+        d.press(ItemForm::Exit);
+        QTRY_VERIFY(d.form.isNull());
+        QCOMPARE(d.prompter().texts(), QStringList{"1 order value has been updated"});
+        QCOMPARE(Sql::scalar(d.ctx().vendorDb(), QStringLiteral("SELECT totalval FROM orderhead"))->toLongLong(),
+                 250000);
+        QCOMPARE(d.menus(), MenuMasks::VendorOpen.left(18));
+        QCOMPARE(d.ctx().OpenWindowCount, 0);
+    }
+};
+
+QTEST_MAIN(TestItemForm)
+#include "tst_itemform.moc"

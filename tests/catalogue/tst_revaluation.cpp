@@ -1,0 +1,133 @@
+#include "VendorFixture.h"
+#include "catalogue/Revaluation.h"
+#include "support/ScriptedPrompter.h"
+
+#include <QTest>
+
+using namespace ordwell;
+
+class TestRevaluation : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    void nothingOpenMeansNoMessageAndNoWrite() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("A1"), QStringLiteral("2.00"));
+        v.addOrder(QStringLiteral("TST1"), QStringLiteral("P"), QStringLiteral("1.00"));
+        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+        test::ScriptedPrompter prompter;
+        QCOMPARE(RefreshOrderValues(v.db(), prompter), 0);
+        QVERIFY(prompter.messages.isEmpty());
+        QCOMPARE(v.linePrice(QStringLiteral("TST1"), 1), QStringLiteral("1.00"));
+        QCOMPARE(v.total(QStringLiteral("TST1")), QStringLiteral("1.00"));
+    }
+
+    // Two open orders use a changed price; printed, exported, receiving, received and cancelled
+    // orders keep theirs; an open order already at catalogue prices is not counted.
+    void onlyLiveAndEnteredOrdersAreRevalued() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("A1"), QStringLiteral("2.50"));
+        v.addItem(QStringLiteral("B2"), QStringLiteral("1.00"));
+        const QStringList statuses = {QStringLiteral("L"), QStringLiteral("E"), QStringLiteral("P"),
+                                      QStringLiteral("X"), QStringLiteral("S"), QStringLiteral("R"),
+                                      QStringLiteral("C")};
+        for (const QString& s : statuses) {
+            const QString id = QStringLiteral("TST") + s;
+            v.addOrder(id, s, QStringLiteral("5.00"));
+            v.addLine(id, 1, QStringLiteral("A1"), 2, QStringLiteral("2.00"), QStringLiteral("4.00"));
+            v.addLine(id, 2, QStringLiteral("B2"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+        }
+        v.addOrder(QStringLiteral("TSTOK"), QStringLiteral("E"), QStringLiteral("3.00"));
+        v.addLine(QStringLiteral("TSTOK"), 1, QStringLiteral("B2"), 3, QStringLiteral("1.00"), QStringLiteral("3.00"));
+
+        test::ScriptedPrompter prompter;
+        QCOMPARE(RefreshOrderValues(v.db(), prompter), 2);
+        QCOMPARE(prompter.messages.size(), 1);
+        QCOMPARE(prompter.messages[0].text, QStringLiteral("2 order values have been updated"));
+        QCOMPARE(prompter.messages[0].title, QStringLiteral("Orders update"));
+        QCOMPARE(prompter.messages[0].icon, MessageIcon::Information);
+        for (const QString& s : statuses) {
+            const QString id = QStringLiteral("TST") + s;
+            const bool open = s == QLatin1String("L") || s == QLatin1String("E");
+            QCOMPARE(v.linePrice(id, 1), open ? QStringLiteral("2.50") : QStringLiteral("2.00"));
+            QCOMPARE(v.lineValue(id, 1), open ? QStringLiteral("5.00") : QStringLiteral("4.00"));
+            QCOMPARE(v.total(id), open ? QStringLiteral("6.00") : QStringLiteral("5.00"));
+        }
+        QCOMPARE(v.total(QStringLiteral("TSTOK")), QStringLiteral("3.00"));
+
+        // Run again: everything already agrees.
+        prompter.clear();
+        QCOMPARE(RefreshOrderValues(v.db(), prompter), 0);
+        QVERIFY(prompter.messages.isEmpty());
+    }
+
+    void oneChangedOrderHasTheSingularText() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("A1"), QStringLiteral("3.00"));
+        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("1.00"));
+        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+        test::ScriptedPrompter prompter;
+        QCOMPARE(RefreshOrderValues(v.db(), prompter), 1);
+        QCOMPARE(prompter.texts(), QStringList{QStringLiteral("1 order value has been updated")});
+    }
+
+    // A line whose item has left the catalogue keeps its price and value and still counts in the
+    // total; an order whose stored total was wrong is corrected even when no price moved; an
+    // order with no lines totals nothing.
+    void missingItemsKeepTheirLineAndTotalsAreRecomputed() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("A1"), QStringLiteral("1.00"));
+        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("0.00"));
+        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("GONE"), 2, QStringLiteral("7.25"),
+                  QStringLiteral("14.50"));
+        v.addLine(QStringLiteral("TST1"), 2, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+        v.addOrder(QStringLiteral("TST2"), QStringLiteral("E"), QStringLiteral("9.99"));
+        test::ScriptedPrompter prompter;
+        QCOMPARE(RefreshOrderValues(v.db(), prompter), 2);
+        QCOMPARE(v.linePrice(QStringLiteral("TST1"), 1), QStringLiteral("7.25"));
+        QCOMPARE(v.lineValue(QStringLiteral("TST1"), 1), QStringLiteral("14.50"));
+        QCOMPARE(v.total(QStringLiteral("TST1")), QStringLiteral("15.50"));
+        QCOMPARE(v.total(QStringLiteral("TST2")), QStringLiteral("0.00"));
+    }
+
+    // Prices compare to the penny; the total is rounded after every line, not once at the end.
+    void penniesDecide() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("HALF"), QStringLiteral("0.0050"));
+        v.addItem(QStringLiteral("NEAR"), QStringLiteral("1.2300"));
+        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("0.00"));
+        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("HALF"), 1, QStringLiteral("0.0050"),
+                  QStringLiteral("0.0050"));
+        v.addLine(QStringLiteral("TST1"), 2, QStringLiteral("HALF"), 1, QStringLiteral("0.0050"),
+                  QStringLiteral("0.0050"));
+        // 1.2349 and 1.23 are the same price to the penny: the line is left alone.
+        v.addLine(QStringLiteral("TST1"), 3, QStringLiteral("NEAR"), 10, QStringLiteral("1.2349"),
+                  QStringLiteral("12.349"));
+        test::ScriptedPrompter prompter;
+        QCOMPARE(RefreshOrderValues(v.db(), prompter), 1);
+        QCOMPARE(v.amount(QStringLiteral("SELECT price FROM orderline WHERE line = 3")), QStringLiteral("1.23"));
+        QCOMPARE(Sql::scalar(v.db(), QStringLiteral("SELECT lineval FROM orderline WHERE line = 3"))->toLongLong(),
+                 123490);
+        // 0 + 0.005 -> 0.01; 0.01 + 0.005 -> 0.02; 0.02 + 12.349 -> 12.37
+        QCOMPARE(v.total(QStringLiteral("TST1")), QStringLiteral("12.37"));
+    }
+
+    void aFailureChangesNothingAndIsReported() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("A1"), QStringLiteral("3.00"));
+        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("1.00"));
+        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+        // A total the table refuses makes the second step fail after the lines were repriced.
+        QVERIFY(Sql::run(v.db(), QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE OF totalval ON orderhead "
+                                                "BEGIN SELECT RAISE(ABORT, 'refused'); END")));
+        test::ScriptedPrompter prompter;
+        QCOMPARE(RefreshOrderValues(v.db(), prompter), 0);
+        QCOMPARE(prompter.messages.size(), 1);
+        QCOMPARE(prompter.messages[0].icon, MessageIcon::Critical);
+        QCOMPARE(v.linePrice(QStringLiteral("TST1"), 1), QStringLiteral("1.00"));
+    }
+};
+
+QTEST_MAIN(TestRevaluation)
+#include "tst_revaluation.moc"

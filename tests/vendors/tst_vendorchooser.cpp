@@ -1,0 +1,327 @@
+#include "common/Dates.h"
+#include "common/Sql.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
+#include "store/Store.h"
+#include "support/TestSupport.h"
+#include "vendors/VendorChooser.h"
+#include "vendors/VendorChooserForm.h"
+#include "vendors/VendorRepository.h"
+#include "vendors/VendorSession.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+
+const QString Acme = QStringLiteral("ABC - Acme Ltd");
+const QString Xyz = QStringLiteral("XYZ - Xylo & Zeal's");
+const QString NoVendor = QStringLiteral("No Vendor Selected");
+
+// The enable state of the 18 masked menu entries, as a mask text.
+QString menuState(MainWindow& window) {
+    QString state;
+    for (QAction* entry : window.maskedEntries())
+        state += entry->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+    return state;
+}
+
+// The main window over the vendors ABC and XYZ (and a deactivated OLD), each with its own file.
+class Desk {
+public:
+    explicit Desk(bool withVendors = true) {
+        test::storeOrganisationDetails(ctx());
+        if (withVendors) {
+            addVendor(QStringLiteral("Acme Ltd"), QStringLiteral("ABC"));
+            addVendor(QStringLiteral("Xylo & Zeal's"), QStringLiteral("XYZ"));
+            addVendor(QStringLiteral("Old Supplies"), QStringLiteral("OLD"));
+            VendorRepository::deactivateVendor(ctx().systemDb(), QStringLiteral("OLD"));
+        }
+        window = test::openMainWindow(ctx());
+    }
+    void addVendor(const QString& name, const QString& code) {
+        QVERIFY(VendorRepository::addVendor(ctx().systemDb(), name, code));
+        QVERIFY(Store::CreateVendorDatabase(ctx().dataDir(), code));
+    }
+    // Writes into a vendor's file while it is not open, as an earlier session would have.
+    void inVendorFile(const QString& code, const QString& sql) {
+        const QString name = QStringLiteral("setup");
+        {
+            auto db = Store::OpenVendorDatabase(ctx().dataDir(), Store::vendorFileName(code), name);
+            QVERIFY(db);
+            QVERIFY2(Sql::run(*db, sql), qPrintable(sql));
+        }
+        QSqlDatabase::removeDatabase(name);
+    }
+
+    AppContext& ctx() { return tc.context(); }
+    test::ScriptedPrompter& prompter() { return tc.prompter(); }
+    QString panel() { return window->findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text(); }
+    QString menus() { return menuState(*window); }
+
+    VendorChooserForm* openChooser() {
+        window->triggerMenu(QStringLiteral("mnuswven"));
+        form = window->findChild<VendorChooserForm*>(QStringLiteral("frmswvend"));
+        return form;
+    }
+    QComboBox* list() { return test::child<QComboBox>(form, QStringLiteral("cmbvendors")); }
+    QString info() { return test::child<QLabel>(form, QStringLiteral("lblinfo"))->text(); }
+    QPushButton* button(int i) { return test::child<QPushButton>(form, QStringLiteral("cmdbutton_%1").arg(i)); }
+    QStringList entries() {
+        QStringList out;
+        for (int i = 0; i < list()->count(); ++i)
+            out << list()->itemText(i);
+        return out;
+    }
+    // Opens the chooser, picks `entry` (nothing when empty) and presses the button.
+    void choose(const QString& entry, int buttonIndex = VendorChooserForm::Select) {
+        QVERIFY(openChooser());
+        QTRY_VERIFY(list()->count() > 0);
+        list()->setCurrentIndex(entry.isEmpty() ? -1 : list()->findText(entry));
+        QCOMPARE(list()->currentText(), entry);
+        QTest::mouseClick(button(buttonIndex), Qt::LeftButton);
+        QTRY_VERIFY(form.isNull());
+        QCOMPARE(ctx().OpenWindowCount, 0);
+    }
+
+    test::TestContext tc;
+    std::unique_ptr<MainWindow> window;
+    QPointer<VendorChooserForm> form;
+};
+
+} // namespace
+
+class TestVendorChooser : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    void listsActiveVendorsWithNoneChosen() {
+        Desk d;
+        QVERIFY(d.openChooser());
+        QCOMPARE(d.form->windowTitle(), QStringLiteral("Please Select a Vendor"));
+        QCOMPARE(d.button(0)->text(), QStringLiteral("&Select Vendor"));
+        QCOMPARE(d.button(1)->text(), QStringLiteral("E&xit"));
+        QTRY_COMPARE(d.entries(), (QStringList{Acme, Xyz}));
+        QCOMPARE(d.list()->currentText(), QString());
+        QCOMPARE(d.info(), QStringLiteral("Please select a vendor to use"));
+        QCOMPARE(d.menus(), MenuMasks::SystemWindow.left(18));
+        QCOMPARE(d.ctx().OpenWindowCount, 1);
+
+        // Exit leaves everything as it was.
+        QTest::mouseClick(d.button(1), Qt::LeftButton);
+        QTRY_VERIFY(d.form.isNull());
+        QCOMPARE(d.menus(), MenuMasks::NoVendor.left(18));
+        QVERIFY(!d.ctx().vendorSession().isOpen());
+        QVERIFY(d.prompter().messages.isEmpty());
+    }
+
+    void opensSwitchesAndClosesVendors() {
+        Desk d;
+        QSignalSpy opened(&d.ctx().vendorSession(), &VendorSession::vendorOpened);
+        QSignalSpy closed(&d.ctx().vendorSession(), &VendorSession::vendorClosed);
+
+        d.choose(Acme);
+        QCOMPARE(d.ctx().CurrentVendorCode, QStringLiteral("ABC"));
+        QCOMPARE(d.ctx().CurrentVendorName, QStringLiteral("Acme Ltd"));
+        QCOMPARE(QFileInfo(d.ctx().vendorDb().databaseName()).fileName(), QStringLiteral("ABCvendor.mdb"));
+        QCOMPARE(d.panel(), QStringLiteral("Acme Ltd"));
+        QCOMPARE(d.menus(), MenuMasks::VendorOpen.left(18));
+
+        // With ABC open, the close entry comes first and ABC itself is not offered.
+        QVERIFY(d.openChooser());
+        QTRY_COMPARE(d.entries(), (QStringList{"Close Vendor - Acme Ltd", Xyz}));
+        QCOMPARE(d.info(), QStringLiteral("Please select a vendor to switch to, or close the current vendor"));
+        QCOMPARE(d.list()->currentText(), QString());
+        QTest::mouseClick(d.button(1), Qt::LeftButton);
+        QTRY_VERIFY(d.form.isNull());
+
+        // A name with an apostrophe and an ampersand survives the round trip through the list.
+        d.choose(Xyz);
+        QCOMPARE(d.ctx().vendorSession().code(), QStringLiteral("XYZ"));
+        QCOMPARE(d.panel(), QStringLiteral("Xylo & Zeal's"));
+        QCOMPARE(QFileInfo(d.ctx().vendorDb().databaseName()).fileName(), QStringLiteral("XYZvendor.mdb"));
+
+        d.choose(QStringLiteral("Close Vendor - Xylo & Zeal's"));
+        QVERIFY(!d.ctx().vendorSession().isOpen());
+        QVERIFY(d.ctx().CurrentVendorCode.isEmpty() && d.ctx().CurrentVendorName.isEmpty());
+        QVERIFY(!d.ctx().hasVendorDb());
+        QCOMPARE(d.panel(), NoVendor);
+        QCOMPARE(d.menus(), MenuMasks::NoVendor.left(18));
+        QCOMPARE(opened.size(), 2);
+        QCOMPARE(closed.size(), 2);
+        QVERIFY(d.prompter().messages.isEmpty());
+    }
+
+    void emptyChoiceAndExitChangeNothing_data() {
+        QTest::addColumn<bool>("vendorOpen");
+        QTest::addColumn<int>("button");
+        QTest::newRow("select nothing, none open") << false << int(VendorChooserForm::Select);
+        QTest::newRow("select nothing, ABC open") << true << int(VendorChooserForm::Select);
+        QTest::newRow("exit, ABC open") << true << int(VendorChooserForm::Exit);
+    }
+    void emptyChoiceAndExitChangeNothing() {
+        QFETCH(bool, vendorOpen);
+        QFETCH(int, button);
+        Desk d;
+        if (vendorOpen)
+            d.choose(Acme);
+        QSignalSpy closed(&d.ctx().vendorSession(), &VendorSession::vendorClosed);
+        // Exit with a vendor chosen still opens nothing.
+        d.choose(button == VendorChooserForm::Exit ? Xyz : QString(), button);
+        QCOMPARE(closed.size(), 0);
+        QCOMPARE(d.ctx().vendorSession().code(), vendorOpen ? QStringLiteral("ABC") : QString());
+        QCOMPARE(d.panel(), vendorOpen ? QStringLiteral("Acme Ltd") : NoVendor);
+        QCOMPARE(d.menus(), (vendorOpen ? MenuMasks::VendorOpen : MenuMasks::NoVendor).left(18));
+        QVERIFY(d.prompter().messages.isEmpty());
+    }
+
+    void theOnlyActiveVendorOpenLeavesJustTheCloseEntry() {
+        Desk d(false);
+        d.addVendor(QStringLiteral("Acme Ltd"), QStringLiteral("ABC"));
+        d.choose(Acme);
+        QVERIFY(d.openChooser());
+        QTRY_COMPARE(d.entries(), QStringList{"Close Vendor - Acme Ltd"});
+        QVERIFY(d.prompter().messages.isEmpty());
+        // The close box acts as Exit.
+        d.form->parentWidget()->close();
+        QTRY_VERIFY(d.form.isNull());
+        QCOMPARE(d.ctx().vendorSession().code(), QStringLiteral("ABC"));
+        QCOMPARE(d.menus(), MenuMasks::VendorOpen.left(18));
+    }
+
+    void noActiveVendorsSaysSoAndCloses() {
+        Desk d(false);
+        QVERIFY(d.openChooser());
+        QTRY_VERIFY(d.form.isNull());
+        QCOMPARE(d.prompter().texts(), QStringList{"There are no active vendors to select"});
+        QCOMPARE(d.prompter().messages.first().title, QStringLiteral("No Active Vendors"));
+        QCOMPARE(d.prompter().messages.first().icon, MessageIcon::Exclamation);
+        QCOMPARE(d.ctx().OpenWindowCount, 0);
+        QCOMPARE(d.menus(), MenuMasks::NoVendor.left(18));
+    }
+
+    // Only prices dated before today have expired.
+    void expiredPricesAreThoseBeforeToday_data() {
+        QTest::addColumn<int>("daysFromToday");
+        QTest::addColumn<bool>("reset");
+        QTest::newRow("last week") << -7 << true;
+        QTest::newRow("yesterday") << -1 << true;
+        QTest::newRow("today") << 0 << false;
+        QTest::newRow("tomorrow") << 1 << false;
+    }
+    void expiredPricesAreThoseBeforeToday() {
+        QFETCH(int, daysFromToday);
+        QFETCH(bool, reset);
+        test::TestContext tc;
+        QVERIFY(Store::CreateVendorDatabase(tc.context().dataDir(), QStringLiteral("ABC")));
+        QVERIFY(tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Ltd")));
+        const QSqlDatabase db = tc.context().vendorDb();
+        const QDate today(2026, 1, 1); // a year boundary on the way
+        QVERIFY(Sql::run(db,
+                         QStringLiteral("INSERT INTO items VALUES ('A1', 'Apple', 1, 1, 12500, ?), "
+                                        "('B1', 'Banana', 1, 1, 9900, '2030-01-01')"),
+                         {Dates::toStored(today.addDays(daysFromToday))}));
+        QCOMPARE(*VendorChooser::countExpiredPrices(db, today), reset ? 1 : 0);
+        QCOMPARE(*VendorChooser::zeroExpiredPrices(db, today), reset ? 1 : 0);
+        auto row = Sql::exec(db, QStringLiteral("SELECT price, priceexp FROM items ORDER BY code"));
+        QVERIFY(row);
+        QSqlQuery& q = row.value();
+        QVERIFY(q.next());
+        QCOMPARE(q.value(0).toLongLong(), reset ? 0 : 12500);
+        QCOMPARE(q.value(1).toString(),
+                 reset ? QStringLiteral("2020-03-11") : Dates::toStored(today.addDays(daysFromToday)));
+        QVERIFY(q.next());
+        QCOMPARE(q.value(0).toLongLong(), 9900);
+    }
+
+    void openingResetsExpiredPricesAndTellsTheCount() {
+        Desk d;
+        const QDate today = QDate::currentDate();
+        d.inVendorFile(
+            QStringLiteral("ABC"),
+            QStringLiteral("INSERT INTO items VALUES ('A1', 'Apple', 1, 1, 12500, '%1'), "
+                           "('A2', 'Apricot', 1, 1, 300, '%2'), ('A3', 'Avocado', 1, 1, 4400, '%3')")
+                .arg(Dates::toStored(today.addDays(-1)), Dates::toStored(today.addDays(-7)), Dates::toStored(today)));
+        // An entered order of the expired apple and a printed one: only the entered one follows.
+        d.inVendorFile(QStringLiteral("ABC"),
+                       QStringLiteral("INSERT INTO orderhead (orderid, orderdate, status, totalval) VALUES "
+                                      "('ABC1000001', '2026-01-01', 'E', 25000), ('ABC1000002', '2026-01-01', 'P', "
+                                      "25000)"));
+        d.inVendorFile(QStringLiteral("ABC"),
+                       QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, "
+                                      "lineval, recvqty) VALUES ('ABC1000001', 1, 'A1', '2026-01-01', 'E', 2, 12500, "
+                                      "25000, 0), ('ABC1000002', 1, 'A1', '2026-01-01', 'P', 2, 12500, 25000, 0)"));
+        d.choose(Acme);
+        QCOMPARE(d.prompter().texts(),
+                 (QStringList{"There are 2 items with expired prices, the item prices will be set to 0.00",
+                              "1 order value has been updated"}));
+        QCOMPARE(
+            Sql::scalar(d.ctx().vendorDb(), QStringLiteral("SELECT group_concat(totalval) FROM orderhead"))->toString(),
+            QStringLiteral("0,25000"));
+        QCOMPARE(d.prompter().messages.first().title, QStringLiteral("Incorrect Item Prices"));
+        QCOMPARE(d.prompter().messages.first().icon, MessageIcon::Information);
+        const auto rows = Sql::scalar(
+            d.ctx().vendorDb(), QStringLiteral("SELECT group_concat(code || ':' || price || ':' || priceexp, ' ') "
+                                               "FROM (SELECT * FROM items ORDER BY code)"));
+        QCOMPARE(rows->toString(),
+                 QStringLiteral("A1:0:2020-03-11 A2:0:2020-03-11 A3:4400:%1").arg(Dates::toStored(today)));
+        QCOMPARE(d.panel(), QStringLiteral("Acme Ltd"));
+    }
+
+    void liveOrderIsHandedToTheOrderFormAfterTheVendorOpenMask() {
+        Desk d;
+        d.inVendorFile(QStringLiteral("ABC"),
+                       QStringLiteral("INSERT INTO orderhead (orderid, orderdate, status, totalval) VALUES "
+                                      "('ABC1000001', '2026-01-01', 'E', 0), ('ABC1000002', '2026-01-02', 'L', 0)"));
+        QStringList calls;
+        d.ctx().setOrderFormOpener([&](const QString& mode) {
+            // What the user sees as the order form is asked for.
+            calls << mode << d.menus() << d.panel() << d.prompter().texts().join(QLatin1Char('|'))
+                  << QString::number(d.ctx().OpenWindowCount);
+        });
+        d.choose(Acme);
+        QCOMPARE(
+            calls,
+            (QStringList{"LIVEORDER", MenuMasks::VendorOpen.left(18), "Acme Ltd",
+                         "An order has been found in the Live state, the system will now recover this order!", "0"}));
+        QCOMPARE(d.prompter().messages.last().title, QStringLiteral("System Recovery"));
+        QCOMPARE(d.prompter().messages.last().icon, MessageIcon::Critical);
+
+        // Without a live order there is nothing to recover.
+        d.inVendorFile(QStringLiteral("XYZ"),
+                       QStringLiteral("INSERT INTO orderhead (orderid, orderdate, status, totalval) VALUES "
+                                      "('XYZ1000001', '2026-01-01', 'P', 0)"));
+        calls.clear();
+        d.prompter().clear();
+        d.choose(Xyz);
+        QVERIFY(calls.isEmpty());
+        QVERIFY(d.prompter().messages.isEmpty());
+    }
+
+    void aVendorWhoseFileIsMissingIsNotOpened() {
+        Desk d;
+        QVERIFY(QFile::remove(Store::vendorDatabasePath(d.ctx().dataDir(), QStringLiteral("XYZ"))));
+        d.choose(Acme);
+        d.choose(Xyz);
+        QCOMPARE(d.prompter().messages.size(), 1);
+        QCOMPARE(d.prompter().messages.first().icon, MessageIcon::Critical);
+        QVERIFY(!d.ctx().vendorSession().isOpen());
+        QVERIFY(d.ctx().CurrentVendorCode.isEmpty());
+        QCOMPARE(d.panel(), NoVendor);
+        QCOMPARE(d.menus(), MenuMasks::NoVendor.left(18));
+    }
+};
+
+QTEST_MAIN(TestVendorChooser)
+#include "tst_vendorchooser.moc"
