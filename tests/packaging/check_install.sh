@@ -33,6 +33,16 @@ got=$("$root/bin/ordwell" --version) || fail "--version exited $?"
 help=$("$root/bin/ordwell" --help) || fail "--help exited $?"
 [ "$(head -n1 <<<"$help")" = "Usage: ordwell [options]" ] || fail "--help usage line: $(head -n1 <<<"$help")"
 
+# Without --data-dir the headless run looks in the documented default data folder.
+home="$work/home"
+mkdir -p "$home"
+echo "A1,Item,1,1,1.00,31/12/2099" >"$work/prices.csv"
+rc=0
+err=$(env -u ORDWELL_DATA_DIR -u XDG_DATA_HOME HOME="$home" "$root/bin/ordwell" --vendor ABC \
+    --import-items "$work/prices.csv" 2>&1 >/dev/null) || rc=$?
+[ $rc -eq 2 ] || fail "headless run on an empty home exited $rc"
+grep -qF "$home/.local/share/Ordwell/Ordwell" <<<"$err" || fail "headless run did not use the default data folder: $err"
+
 # The metadata names the same release.
 grep -q "<release version=\"$version\"" "$root/share/metainfo/org.ordwell.Ordwell.metainfo.xml" \
     || fail "metadata release is not $version"
