@@ -29,7 +29,7 @@ QString render(const QString& text, ReportData& data) {
 
 } // namespace
 
-class TestReportFormat : public QObject {
+class TestReportFormat : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

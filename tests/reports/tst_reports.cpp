@@ -65,12 +65,13 @@ int pageCountOf(const QString& text) {
 
 } // namespace
 
-class TestReports : public QObject {
+class TestReports : public StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { initTestEnvironment(); }
 
     void init() {
+        beginStrictTest();
         m_folders = std::make_unique<TestFolders>();
         m_abc = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("ABC"),
                                                 QStringLiteral("Bolt & Nut Supplies"));
@@ -81,6 +82,7 @@ private slots:
         m_xyz.reset();
         m_abc.reset();
         m_folders.reset();
+        endStrictTest();
     }
 
     void orderForm() {
