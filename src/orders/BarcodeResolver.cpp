@@ -1,35 +1,35 @@
 #include "BarcodeResolver.h"
 
-#include "common/Sql.h"
-
 namespace ordwell {
 
 Result<QList<BarcodeRule>> BarcodeResolver::loadActiveRules(const QSqlDatabase& db) {
-    auto query = Sql::exec(
-        db, QStringLiteral("SELECT codestart, skipfirst, skiplast FROM barcodes WHERE status = ? ORDER BY codenum"),
-        {QStringLiteral("A")});
-    if (!query)
-        return query.status();
+    auto all = BarcodeRules::load(db);
+    if (!all)
+        return all.status();
+    // Active rules come first, in the order they were made.
     QList<BarcodeRule> rules;
-    while (query.value().next())
-        rules.append(
-            {query.value().value(0).toString(), query.value().value(1).toInt(), query.value().value(2).toInt()});
+    for (const BarcodeRule& rule : all.value())
+        if (rule.isActive())
+            rules.append(rule);
     return rules;
 }
 
 std::optional<QString> BarcodeResolver::strip(const BarcodeRule& rule, const QString& code) {
-    if (rule.codeStart.isEmpty() || !code.startsWith(rule.codeStart, Qt::CaseSensitive))
+    if (rule.codestart.isEmpty() || !code.startsWith(rule.codestart, Qt::CaseSensitive))
         return std::nullopt;
-    if (rule.skipFirst >= code.size())
+    if (rule.skipfirst >= code.size())
         return std::nullopt;
-    const QString rest = code.mid(qMax(0, rule.skipFirst));
-    if (rule.skipLast >= rest.size())
+    const QString rest = code.mid(qMax(0, rule.skipfirst));
+    if (rule.skiplast >= rest.size())
         return std::nullopt;
-    return rest.left(rest.size() - qMax(0, rule.skipLast));
+    return rest.left(rest.size() - qMax(0, rule.skiplast));
 }
 
 Resolution BarcodeResolver::resolve(const QString& code) const {
     Resolution result{code, m_catalogue.findByCode(code)};
+    // Over an empty catalogue nothing can be found, and the code is left as typed.
+    if (!result.item && !m_rules.isEmpty() && m_catalogue.isEmpty())
+        return result;
     for (const BarcodeRule& rule : m_rules) {
         if (result.item)
             break;
