@@ -2,6 +2,7 @@
 // 999 lines: how long loading the order into the grid takes, and one scan through the real form
 // (the code typed with Enter, resolved through the rules, the line recorded with the header's
 // total, the quantity confirmed). Prints "<name> <value> <unit>" lines.
+#include "SilentPrompter.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
 #include "orders/OrderForm.h"
@@ -34,18 +35,6 @@ constexpr int Scans = 300;
 constexpr int GridLoads = 15;
 const QString Vendor = QStringLiteral("BIG");
 const QString OrderId = QStringLiteral("BIG1000000");
-
-class SilentPrompter : public Prompter {
-public:
-    MessageAnswer message(const QString& text, const QString&, MessageIcon, MessageButtons buttons) override {
-        std::fprintf(stderr, "message: %s\n", qPrintable(text));
-        ++shown;
-        return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
-    }
-    std::optional<QString> openFile(const FileRequest&) override { return std::nullopt; }
-    std::optional<QString> saveFile(const FileRequest&) override { return std::nullopt; }
-    int shown = 0;
-};
 
 // The code of line n of the order: spread over the whole catalogue.
 int itemOfLine(int n) {

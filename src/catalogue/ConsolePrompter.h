@@ -8,7 +8,7 @@ namespace ordwell {
 
 // Messages for a run without windows: notices go to standard output, warnings and errors to
 // standard error, one message a line. No question can be asked (the answer is No) and no file
-// can be chosen.
+// can be chosen or named.
 class ConsolePrompter : public Prompter {
 public:
     ConsolePrompter(QTextStream& out, QTextStream& err) : m_out(out), m_err(err) {}

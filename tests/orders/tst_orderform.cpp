@@ -219,7 +219,7 @@ void TestOrderForm::barcodeRuleStrips() {
     QFETCH(int, last);
     QFETCH(QString, code);
     QFETCH(QString, result);
-    const auto stripped = BarcodeResolver::strip({0, start, first, last, QStringLiteral("A")}, code);
+    const auto stripped = BarcodeResolver::strip({.codestart = start, .skipfirst = first, .skiplast = last}, code);
     QCOMPARE(stripped.value_or(QString()), result);
 }
 
