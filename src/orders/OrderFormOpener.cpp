@@ -30,8 +30,6 @@ OrderForm* openOrderForm(MainWindow& mainWindow, AppContext& context, const QStr
     // No close, minimise or maximise: the form is left only through its own Exit.
     frame->setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     frame->show();
-    // Sized before its boxes took on the style's heights; never smaller than its layout needs.
-    frame->resize(frame->size().expandedTo(frame->minimumSizeHint()));
     if (mainWindow.windowState() == Qt::WindowNoState) {
         const double tpp = mainWindow.twipsPerPixel();
         const int left = (mainWindow.width() - frame->width()) / 2;
