@@ -29,6 +29,7 @@ public:
         return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
     }
     std::optional<QString> openFile(const FileRequest&) override { return std::nullopt; }
+    std::optional<QString> saveFile(const FileRequest&) override { return std::nullopt; }
 };
 
 // The catalogue is made by a separate run of this program, so its cost stays out of the figures.
