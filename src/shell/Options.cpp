@@ -28,10 +28,9 @@ Options parseOptions(const QStringList& arguments) {
     const QCommandLineOption splash(QStringLiteral("splash-ms"),
                                     QStringLiteral("Milliseconds of each splash pause (default 1000)."),
                                     QStringLiteral("N"), QStringLiteral("1000"));
-    const QCommandLineOption vendor(
-        QStringLiteral("vendor"),
-        QStringLiteral("The vendor (its code) that --import-items or --render-report works on."),
-        QStringLiteral("CODE"));
+    const QCommandLineOption vendor(QStringLiteral("vendor"),
+                                    QStringLiteral("The vendor (its code) a headless run works on."),
+                                    QStringLiteral("CODE"));
     const QCommandLineOption importItems(
         QStringLiteral("import-items"),
         QStringLiteral("Import the price list FILE into the vendor's items without a window, then end "
@@ -72,7 +71,10 @@ Options parseOptions(const QStringList& arguments) {
         options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
     }
     if (options.error.isEmpty() && !options.importFile.isEmpty() && !options.renderReport.isEmpty())
-        options.error = QStringLiteral("--import-items and --render-report are separate runs.");
+        options.error = QStringLiteral("--import-items and --render-report are used one at a time.");
+    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
+        options.vendorCode.isEmpty() != options.importFile.isEmpty())
+        options.error = QStringLiteral("--vendor and --import-items are used together.");
     if (options.error.isEmpty() && !options.renderReport.isEmpty()) {
         if (options.vendorCode.isEmpty())
             options.error = QStringLiteral("--render-report needs --vendor CODE.");
@@ -82,9 +84,6 @@ Options parseOptions(const QStringList& arguments) {
     if (options.error.isEmpty() && options.renderReport.isEmpty() &&
         (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
         options.error = QStringLiteral("--pdf and --param go with --render-report.");
-    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
-        options.vendorCode.isEmpty() != options.importFile.isEmpty())
-        options.error = QStringLiteral("--vendor and --import-items are used together.");
     bool ok = false;
     const int ms = parser.value(splash).toInt(&ok);
     if (!ok || ms < 0) {
