@@ -58,7 +58,7 @@ void doubleClickCurrent(QWidget* form) {
 
 } // namespace
 
-class TestFind : public QObject {
+class TestFind : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

@@ -15,7 +15,7 @@ const QString To =
     QStringLiteral("TO:,CUST7,Acme Supplies,2 Mill Lane,,Leeds,Yorks,LS11AA,Rob Rep,0113 000,,Cat,,,cat@acme.example");
 } // namespace
 
-class TestOrderExport : public QObject {
+class TestOrderExport : public test::StrictTest {
     Q_OBJECT
 
     // The records of the file written for the order, split at CR LF (the last one empty).

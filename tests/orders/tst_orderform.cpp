@@ -16,7 +16,7 @@
 using namespace ordwell;
 using test::OrderSession;
 
-class TestOrderForm : public QObject {
+class TestOrderForm : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

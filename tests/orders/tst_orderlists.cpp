@@ -28,7 +28,7 @@ QStringList walk(OrderList& list) {
 
 } // namespace
 
-class TestOrderLists : public QObject {
+class TestOrderLists : public test::StrictTest {
     Q_OBJECT
 
 private slots:

@@ -6,7 +6,7 @@
 
 using namespace ordwell;
 
-class TestOrderPrinting : public QObject {
+class TestOrderPrinting : public test::StrictTest {
     Q_OBJECT
 
     static OrganisationDetails acme(const QString& postcode) {

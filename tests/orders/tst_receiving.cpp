@@ -19,7 +19,7 @@ void exportedOrder(test::OrderDataFixture& f) {
 }
 } // namespace
 
-class TestReceiving : public QObject {
+class TestReceiving : public test::StrictTest {
     Q_OBJECT
 
 private slots:
