@@ -29,14 +29,24 @@ Options parseOptions(const QStringList& arguments) {
                                     QStringLiteral("Milliseconds of each splash pause (default 1000)."),
                                     QStringLiteral("N"), QStringLiteral("1000"));
     const QCommandLineOption vendor(QStringLiteral("vendor"),
-                                    QStringLiteral("The vendor (its code) that --import-items works on."),
+                                    QStringLiteral("The vendor (its code) a headless run works on."),
                                     QStringLiteral("CODE"));
     const QCommandLineOption importItems(
         QStringLiteral("import-items"),
         QStringLiteral("Import the price list FILE into the vendor's items without a window, then end "
                        "(exit 0 done, 1 an incorrect line, 2 not started)."),
         QStringLiteral("FILE"));
-    parser.addOptions({help, version, dataDir, desktopDir, settings, splash, vendor, importItems});
+    const QCommandLineOption renderReport(QStringLiteral("render-report"),
+                                          QStringLiteral("Write this report file as a PDF (needs --vendor and --pdf) "
+                                                         "and exit, with no window."),
+                                          QStringLiteral("FILE"));
+    const QCommandLineOption param(QStringLiteral("param"),
+                                   QStringLiteral("A value for one of the report's parameters; repeat as needed."),
+                                   QStringLiteral("name=value"));
+    const QCommandLineOption pdf(QStringLiteral("pdf"), QStringLiteral("The PDF file --render-report writes."),
+                                 QStringLiteral("FILE"));
+    parser.addOptions(
+        {help, version, dataDir, desktopDir, settings, splash, vendor, importItems, renderReport, param, pdf});
     // Qt's own options (-style, -platform) are taken by QApplication before we see them.
     if (!parser.parse(arguments)) {
         options.error = parser.errorText();
@@ -49,8 +59,31 @@ Options parseOptions(const QStringList& arguments) {
     options.settingsFile = parser.value(settings);
     options.vendorCode = parser.value(vendor);
     options.importFile = parser.value(importItems);
-    if (options.error.isEmpty() && options.vendorCode.isEmpty() != options.importFile.isEmpty())
+    options.renderReport = parser.value(renderReport);
+    options.pdfOutput = parser.value(pdf);
+    for (const QString& pair : parser.values(param)) {
+        const qsizetype eq = pair.indexOf(QLatin1Char('='));
+        if (eq <= 0) {
+            if (options.error.isEmpty())
+                options.error = QStringLiteral("--param needs name=value, not \"%1\".").arg(pair);
+            continue;
+        }
+        options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
+    }
+    if (options.error.isEmpty() && !options.importFile.isEmpty() && !options.renderReport.isEmpty())
+        options.error = QStringLiteral("--import-items and --render-report are used one at a time.");
+    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
+        options.vendorCode.isEmpty() != options.importFile.isEmpty())
         options.error = QStringLiteral("--vendor and --import-items are used together.");
+    if (options.error.isEmpty() && !options.renderReport.isEmpty()) {
+        if (options.vendorCode.isEmpty())
+            options.error = QStringLiteral("--render-report needs --vendor CODE.");
+        else if (options.pdfOutput.isEmpty())
+            options.error = QStringLiteral("--render-report needs --pdf FILE.");
+    }
+    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
+        (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
+        options.error = QStringLiteral("--pdf and --param go with --render-report.");
     bool ok = false;
     const int ms = parser.value(splash).toInt(&ok);
     if (!ok || ms < 0) {

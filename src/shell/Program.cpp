@@ -1,6 +1,7 @@
 #include "Program.h"
 
 #include "common/QtPrompter.h"
+#include "reports/ShippedReports.h"
 #include "shell/FirstRunDialog.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuWiring.h"
@@ -143,6 +144,7 @@ bool Program::start() {
                 QString(), MessageIcon::Critical);
             failed = true;
         } else {
+            ShippedReports::installMissing(ctx.dataDir());
             pause();
             m_mainWindow = new MainWindow(ctx);
             wireMenus(*m_mainWindow, ctx);

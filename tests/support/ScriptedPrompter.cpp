@@ -23,6 +23,15 @@ std::optional<QString> ScriptedPrompter::openFile(const FileRequest& request) {
     return m_files.dequeue();
 }
 
+std::optional<QString> ScriptedPrompter::saveFile(const FileRequest& request) {
+    saveRequests.append(request);
+    if (m_files.isEmpty()) {
+        unexpected.append(QStringLiteral("save dialog: ") + request.title);
+        return std::nullopt;
+    }
+    return m_files.dequeue();
+}
+
 QStringList ScriptedPrompter::texts() const {
     QStringList out;
     for (const auto& m : messages)

@@ -23,6 +23,8 @@ public:
     MessageAnswer message(const QString& text, const QString& title, MessageIcon icon,
                           MessageButtons buttons = MessageButtons::Ok) override;
     std::optional<QString> openFile(const FileRequest& request) override;
+    // Answered from the same queue as openFile(); recorded in saveRequests.
+    std::optional<QString> saveFile(const FileRequest& request) override;
 
     void queueAnswer(MessageAnswer answer) { m_answers.enqueue(answer); }
     // A path to choose, or std::nullopt to cancel.
@@ -30,6 +32,7 @@ public:
 
     QList<ShownMessage> messages;
     QList<FileRequest> fileRequests;
+    QList<FileRequest> saveRequests;
     QStringList unexpected;
 
     QStringList texts() const;
@@ -37,6 +40,7 @@ public:
     void clear() {
         messages.clear();
         fileRequests.clear();
+        saveRequests.clear();
         unexpected.clear();
     }
 

@@ -1,0 +1,42 @@
+#include "BarcodeResolver.h"
+
+namespace ordwell {
+
+Result<QList<BarcodeRule>> BarcodeResolver::loadActiveRules(const QSqlDatabase& db) {
+    auto all = BarcodeRules::load(db);
+    if (!all)
+        return all.status();
+    // Active rules come first, in the order they were made.
+    QList<BarcodeRule> rules;
+    for (const BarcodeRule& rule : all.value())
+        if (rule.isActive())
+            rules.append(rule);
+    return rules;
+}
+
+std::optional<QString> BarcodeResolver::strip(const BarcodeRule& rule, const QString& code) {
+    if (rule.codestart.isEmpty() || !code.startsWith(rule.codestart, Qt::CaseSensitive))
+        return std::nullopt;
+    if (rule.skipfirst >= code.size())
+        return std::nullopt;
+    const QString rest = code.mid(qMax(0, rule.skipfirst));
+    if (rule.skiplast >= rest.size())
+        return std::nullopt;
+    return rest.left(rest.size() - qMax(0, rule.skiplast));
+}
+
+Resolution BarcodeResolver::resolve(const QString& code) const {
+    Resolution result{code, m_catalogue.findByCode(code)};
+    for (const BarcodeRule& rule : m_rules) {
+        if (result.item)
+            break;
+        // A rule that stripped without finding leaves its result for the next rule to test.
+        if (auto stripped = strip(rule, result.code)) {
+            result.code = *stripped;
+            result.item = m_catalogue.findByCode(result.code);
+        }
+    }
+    return result;
+}
+
+} // namespace ordwell
