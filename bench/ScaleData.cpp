@@ -15,17 +15,26 @@ QString itemCode(int number) {
 
 Status addItems(const QSqlDatabase& db, int from, int count, const QDate& today, int expiredEvery) {
     // Generated inside SQLite: a million rows take seconds this way, minutes one insert at a time.
-    // Descriptions begin with a letter picked by a multiplicative hash of the number.
+    // Descriptions combine words picked by multiplicative hashes of the number, so they are
+    // spread over the alphabet rather than in code order.
+    const QString adjectives = QStringLiteral(
+        R"(["Paper","Plastic","Steel","Glass","Cotton","Large","Small","White","Blue","Recycled","Heavy duty",)"
+        R"("Disposable","Organic","Frozen","Dried","Wooden","Yellow","Kraft","Nitrile","Vinyl"])");
+    const QString nouns = QStringLiteral(
+        R"(["napkins","cups","plates","gloves","trays","bags","labels","straws","forks","spoons","towels",)"
+        R"("boxes","lids","film","foil","aprons","tubs","jars","sacks","wipes","beans","rice","flour"])");
     return Sql::run(
         db,
         QStringLiteral("WITH RECURSIVE n(i) AS (SELECT ? UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
                        "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
                        "SELECT printf('IT%08d', i), "
-                       "char(65 + (i * 7919) % 26) || 'tem ' || ((i * 104729) % 1000003) || ' description', "
+                       "json_extract(?, '$[' || ((i * 7919) % 20) || ']') || ' ' || "
+                       "json_extract(?, '$[' || ((i * 104729) % 23) || ']') || ' ' || (1 + (i * 31) % 97) || "
+                       "', pack of ' || (1 + i % 12) || ' (' || i || ')', "
                        "1 + i % 12, 1 + i % 3, 10000 + (i % 5000) * 100, "
                        "CASE WHEN ? > 0 AND i % ? = 0 THEN ? ELSE ? END FROM n"),
-        {from, from + count - 1, expiredEvery, qMax(expiredEvery, 1), Dates::toStored(today.addDays(-1)),
-         Dates::toStored(today.addYears(1))});
+        {from, from + count - 1, adjectives, nouns, expiredEvery, qMax(expiredEvery, 1),
+         Dates::toStored(today.addDays(-1)), Dates::toStored(today.addYears(1))});
 }
 
 Status makeVendor(const QString& dataDir, const QString& vendorCode, int count, const QDate& today, int expiredEvery) {

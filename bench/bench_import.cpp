@@ -4,6 +4,7 @@
 // fresh copy of the same catalogue; the figures are medians of three runs. Prints
 // "<name> <value> <unit>" lines.
 #include "ScaleData.h"
+#include "SilentPrompter.h"
 #include "catalogue/ImportProgress.h"
 #include "catalogue/ItemImport.h"
 #include "common/Prompter.h"
@@ -30,16 +31,6 @@ constexpr int CatalogueItems = 100000;
 constexpr int PriceListLines = 100000;
 constexpr int Runs = 3;
 const QString Vendor = QStringLiteral("BIG");
-
-class SilentPrompter : public Prompter {
-public:
-    MessageAnswer message(const QString& text, const QString&, MessageIcon icon, MessageButtons buttons) override {
-        if (icon == MessageIcon::Critical || icon == MessageIcon::Exclamation)
-            std::fprintf(stderr, "%s\n", qPrintable(text));
-        return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
-    }
-    std::optional<QString> openFile(const FileRequest&) override { return std::nullopt; }
-};
 
 class NoProgress : public ImportProgress {
 public:

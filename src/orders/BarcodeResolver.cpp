@@ -1,21 +1,16 @@
 #include "BarcodeResolver.h"
 
-#include "common/Sql.h"
-
 namespace ordwell {
 
 Result<QList<BarcodeRule>> BarcodeResolver::loadActiveRules(const QSqlDatabase& db) {
-    auto query = Sql::exec(
-        db, QStringLiteral("SELECT codestart, skipfirst, skiplast FROM barcodes WHERE status = ? ORDER BY codenum"),
-        {QStringLiteral("A")});
-    if (!query)
-        return query.status();
+    auto all = BarcodeRules::load(db);
+    if (!all)
+        return all.status();
+    // Active rules come first, in the order they were made.
     QList<BarcodeRule> rules;
-    while (query.value().next())
-        rules.append(BarcodeRule{.codestart = query.value().value(0).toString(),
-                                 .skipfirst = query.value().value(1).toInt(),
-                                 .skiplast = query.value().value(2).toInt(),
-                                 .status = BarcodeRules::Active});
+    for (const BarcodeRule& rule : all.value())
+        if (rule.isActive())
+            rules.append(rule);
     return rules;
 }
 
