@@ -8,6 +8,10 @@
 #include <QTextStream>
 
 int main(int argc, char* argv[]) {
+    // Before any application object: the data folder and the settings are found by these names,
+    // by the windowed program and the headless runs alike.
+    QCoreApplication::setOrganizationName(QStringLiteral("Ordwell"));
+    QCoreApplication::setApplicationName(QStringLiteral("Ordwell"));
     // --help and --version answer without needing a display.
     QStringList rawArguments;
     for (int i = 0; i < argc; ++i)
@@ -41,8 +45,6 @@ int main(int argc, char* argv[]) {
     }
 
     QApplication app(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Ordwell"));
-    QApplication::setApplicationName(QStringLiteral("Ordwell"));
     QApplication::setApplicationVersion(ordwell::versionText());
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/ordwell-icon.png")));
 

@@ -15,8 +15,8 @@ QString quoted(const QString& identifier) {
 } // namespace
 
 FindListModel::FindListModel(QSqlDatabase db, FindQuery query, QObject* parent)
-    : QAbstractListModel(parent), m_db(std::move(db)), m_query(std::move(query)), m_blockQuery(m_db),
-      m_lowerBoundQuery(m_db) {}
+    : QAbstractListModel(parent), m_db(std::move(db)), m_query(std::move(query)), m_blockQuery(m_db), m_rowQuery(m_db) {
+}
 
 Status FindListModel::open() {
     const QString table = quoted(m_query.table);
@@ -24,17 +24,29 @@ Status FindListModel::open() {
     auto count = Sql::scalar(m_db, QStringLiteral("SELECT count(*) FROM %1").arg(table));
     if (!count)
         return count.status();
-    // Both run often: prepared once. The order is the column's own (its index).
-    m_blockQuery.setForwardOnly(true);
-    m_lowerBoundQuery.setForwardOnly(true);
-    if (!m_blockQuery.prepare(QStringLiteral("SELECT %1 FROM %2 ORDER BY %1 LIMIT ? OFFSET ?").arg(column, table)) ||
-        !m_lowerBoundQuery.prepare(QStringLiteral("SELECT count(*) FROM %2 WHERE %1 < ?").arg(column, table)))
-        return Status::fail(Sql::describe(m_blockQuery.lastError().isValid() ? m_blockQuery.lastError()
-                                                                             : m_lowerBoundQuery.lastError()));
+    auto nulls = Sql::scalar(m_db, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 IS NULL").arg(table, column));
+    if (!nulls)
+        return nulls.status();
+    // Both run often (while scrolling, on every typed character): prepared once. The order is
+    // the one the column's index keeps, so nothing is sorted.
+    struct Statement {
+        QSqlQuery& query;
+        QString text;
+    };
+    const Statement statements[] = {
+        {m_blockQuery, QStringLiteral("SELECT %1 FROM %2 ORDER BY %1 COLLATE NOCASE LIMIT ? OFFSET ?")},
+        {m_rowQuery, QStringLiteral("SELECT count(*) FROM %2 WHERE %1 < ? COLLATE NOCASE")},
+    };
+    for (const Statement& s : statements) {
+        s.query.setForwardOnly(true);
+        if (!s.query.prepare(s.text.arg(column, table)))
+            return Status::fail(Sql::describe(s.query.lastError()));
+    }
     beginResetModel();
     m_blocks.clear();
     m_recent.clear();
     m_count = count->toInt();
+    m_nullCount = nulls->toInt();
     endResetModel();
     return Status::ok();
 }
@@ -79,24 +91,40 @@ QVariant FindListModel::data(const QModelIndex& index, int role) const {
     return textAt(index.row());
 }
 
+int FindListModel::rowsHeld() const {
+    int rows = 0;
+    for (const QList<QString>& b : m_blocks)
+        rows += b.size();
+    return rows;
+}
+
 bool FindListModel::startsWith(int row, const QString& prefix) const {
     return row >= 0 && row < m_count && textAt(row).startsWith(prefix, Qt::CaseInsensitive);
+}
+
+int FindListModel::rowOf(const QString& text) const {
+    int row = m_count;
+    m_rowQuery.bindValue(0, text);
+    if (m_rowQuery.exec() && m_rowQuery.next())
+        row = m_nullCount + m_rowQuery.value(0).toInt();
+    m_rowQuery.finish();
+    return row;
 }
 
 int FindListModel::rowForPrefix(const QString& prefix, int current) const {
     if (m_count == 0)
         return current;
-    // The entries beginning with the text sit together in the column's order, from the first
-    // entry not below it.
-    m_lowerBoundQuery.bindValue(0, prefix);
-    int first = m_count;
-    if (m_lowerBoundQuery.exec() && m_lowerBoundQuery.next())
-        first = m_lowerBoundQuery.value(0).toInt();
-    m_lowerBoundQuery.finish();
+    // Every entry begins with the empty text, so it picks the second.
+    if (prefix.isEmpty())
+        return m_count > 1 ? 1 : 0;
+    // Compared without regard to case, the entries beginning with the text sit together, from the
+    // first one not below it.
+    const int first = rowOf(prefix);
     if (!startsWith(first, prefix))
         return current;
     if (first > 0)
         return first;
+    // The first entry is chosen only when no later one begins with the text.
     return startsWith(1, prefix) ? 1 : 0;
 }
 

@@ -11,8 +11,9 @@
 
 namespace ordwell {
 
-// One column of one table, in the order of that column: the list the find window shows. The
-// column should be indexed; then the list opens at once however long it is.
+// One column of one table, in the order of that column with letters compared without regard to
+// case (as the text columns here compare): the list the find window shows. The column should be
+// indexed; then the list opens at once however long it is.
 struct FindQuery {
     QString table;
     QString column;
@@ -38,18 +39,23 @@ public:
     // when no entry begins with it.
     int rowForPrefix(const QString& prefix, int current) const;
 
+    // Rows read from the database so far, for checking that the list stays bounded.
+    int rowsHeld() const;
+
     static constexpr int BlockRows = 256;
     static constexpr int MaxBlocks = 64;
 
 private:
     const QList<QString>& block(int blockIndex) const;
     bool startsWith(int row, const QString& prefix) const;
+    int rowOf(const QString& text) const;
 
     QSqlDatabase m_db;
     FindQuery m_query;
     int m_count = 0;
+    int m_nullCount = 0; // null entries sort first and show as empty text
     mutable QSqlQuery m_blockQuery;
-    mutable QSqlQuery m_lowerBoundQuery;
+    mutable QSqlQuery m_rowQuery;
     mutable QHash<int, QList<QString>> m_blocks;
     mutable QList<int> m_recent; // block indexes, least recently used first
 };

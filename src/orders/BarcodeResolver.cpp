@@ -12,20 +12,22 @@ Result<QList<BarcodeRule>> BarcodeResolver::loadActiveRules(const QSqlDatabase& 
         return query.status();
     QList<BarcodeRule> rules;
     while (query.value().next())
-        rules.append(
-            {query.value().value(0).toString(), query.value().value(1).toInt(), query.value().value(2).toInt()});
+        rules.append(BarcodeRule{.codestart = query.value().value(0).toString(),
+                                 .skipfirst = query.value().value(1).toInt(),
+                                 .skiplast = query.value().value(2).toInt(),
+                                 .status = BarcodeRules::Active});
     return rules;
 }
 
 std::optional<QString> BarcodeResolver::strip(const BarcodeRule& rule, const QString& code) {
-    if (rule.codeStart.isEmpty() || !code.startsWith(rule.codeStart, Qt::CaseSensitive))
+    if (rule.codestart.isEmpty() || !code.startsWith(rule.codestart, Qt::CaseSensitive))
         return std::nullopt;
-    if (rule.skipFirst >= code.size())
+    if (rule.skipfirst >= code.size())
         return std::nullopt;
-    const QString rest = code.mid(qMax(0, rule.skipFirst));
-    if (rule.skipLast >= rest.size())
+    const QString rest = code.mid(qMax(0, rule.skipfirst));
+    if (rule.skiplast >= rest.size())
         return std::nullopt;
-    return rest.left(rest.size() - qMax(0, rule.skipLast));
+    return rest.left(rest.size() - qMax(0, rule.skiplast));
 }
 
 Resolution BarcodeResolver::resolve(const QString& code) const {

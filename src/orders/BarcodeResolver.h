@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/BarcodeRules.h"
 #include "orders/ItemCatalogue.h"
 
 #include <QList>
@@ -8,14 +9,6 @@
 #include <optional>
 
 namespace ordwell {
-
-// An active rule: a scanned code beginning with `codeStart` loses `skipFirst` leading and
-// `skipLast` trailing characters.
-struct BarcodeRule {
-    QString codeStart;
-    int skipFirst = 0;
-    int skipLast = 0;
-};
 
 // What became of a typed or scanned code: the code as it stands after the rules (what the
 // code box then shows) and the item found, if any.

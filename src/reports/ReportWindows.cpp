@@ -6,6 +6,7 @@
 #include "reports/ShippedReports.h"
 #include "shell/MainWindow.h"
 #include "store/Store.h"
+#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QMdiArea>
@@ -21,14 +22,15 @@ const QString OrderFormForm = QStringLiteral("frmprintreport");
 
 // The vendor open at this moment: its database is what every report reads.
 Result<ReportRequest> requestForOpenVendor(const AppContext& context, const QString& reportFile) {
-    const QString code = context.CurrentVendorCode.trimmed();
-    if (code.isEmpty())
+    const VendorSession& session = context.vendorSession();
+    const QString code = session.code().trimmed();
+    if (!session.isOpen() || code.isEmpty())
         return Status::fail(QStringLiteral("No vendor is open, so there is nothing to report on."));
     ReportRequest request;
     request.reportFile = reportFile;
     request.databaseFile = Store::vendorDatabasePath(context.dataDir(), code);
     request.vendorCode = code;
-    request.vendorName = context.CurrentVendorName;
+    request.vendorName = session.name();
     return request;
 }
 

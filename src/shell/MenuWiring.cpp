@@ -1,7 +1,7 @@
 #include "MenuWiring.h"
 
-#include "catalogue/ItemForm.h"
 #include "catalogue/BarcodeRulesForm.h"
+#include "catalogue/ItemForm.h"
 #include "catalogue/ItemImportCommand.h"
 #include "orders/OrderFormOpener.h"
 #include "reports/ReportWindows.h"

@@ -6,93 +6,131 @@
 
 namespace ordwell {
 
-QString versionText() {
-    return QStringLiteral("%1.%2.%3").arg(ORDWELL_VERSION_MAJOR).arg(ORDWELL_VERSION_MINOR).arg(ORDWELL_VERSION_PATCH);
+namespace {
+
+QString S(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+// A value option's last occurrence wins, as with most programs.
+QString last(const QStringList& values) {
+    return values.isEmpty() ? QString() : values.constLast();
+}
+
+QString applySplashMs(Options& options, const QStringList& values) {
+    bool ok = false;
+    const int ms = last(values).toInt(&ok);
+    if (!ok || ms < 0)
+        return S("--splash-ms needs a whole number of milliseconds, 0 or more.");
+    options.splashMs = ms;
+    return {};
+}
+
+// Every --param, in order; a pair without a name is refused.
+QString applyReportParameters(Options& options, const QStringList& values) {
+    for (const QString& pair : values) {
+        const qsizetype eq = pair.indexOf(QLatin1Char('='));
+        if (eq <= 0)
+            return S("--param needs name=value, not \"%1\".").arg(pair);
+        options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
+    }
+    return {};
+}
+
+// The options that only make sense together, once every option has been read.
+QString checkCombinations(const Options& options) {
+    if (!options.importFile.isEmpty() && !options.renderReport.isEmpty())
+        return S("--import-items and --render-report are separate runs.");
+    if (!options.renderReport.isEmpty()) {
+        if (options.vendorCode.isEmpty())
+            return S("--render-report needs --vendor CODE.");
+        if (options.pdfOutput.isEmpty())
+            return S("--render-report needs --pdf FILE.");
+        return {};
+    }
+    if (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty())
+        return S("--pdf and --param go with --render-report.");
+    if (options.vendorCode.isEmpty() != options.importFile.isEmpty())
+        return S("--vendor and --import-items are used together.");
+    return {};
+}
+
+void addToParser(QCommandLineParser& parser) {
+    for (const OptionSpec& spec : optionTable())
+        parser.addOption(QCommandLineOption(spec.names, spec.help, spec.valueName));
+}
+
+} // namespace
+
+const std::vector<OptionSpec>& optionTable() {
+    // clang-format off
+    static const std::vector<OptionSpec> table{
+        {{S("h"), S("help")}, {}, S("Show this help."),
+         [](Options& o, const QStringList&) { o.showHelp = true; return QString(); }},
+        {{S("v"), S("version")}, {}, S("Show the version."),
+         [](Options& o, const QStringList&) { o.showVersion = true; return QString(); }},
+        {{S("data-dir")}, S("DIR"), S("Folder holding the databases and report files."),
+         [](Options& o, const QStringList& v) { o.dataDir = last(v); return QString(); }},
+        {{S("desktop-dir")}, S("DIR"), S("Folder used as the desktop (exports, file chooser)."),
+         [](Options& o, const QStringList& v) { o.desktopDir = last(v); return QString(); }},
+        {{S("settings")}, S("FILE"), S("Keep settings in this INI file."),
+         [](Options& o, const QStringList& v) { o.settingsFile = last(v); return QString(); }},
+        {{S("splash-ms")}, S("N"), S("Milliseconds of each splash pause (default 1000)."), applySplashMs},
+        {{S("vendor")}, S("CODE"), S("The vendor (its code) that --import-items or --render-report works on."),
+         [](Options& o, const QStringList& v) { o.vendorCode = last(v); return QString(); }},
+        {{S("import-items")}, S("FILE"),
+         S("Import the price list FILE into the vendor's items without a window, then end "
+           "(exit 0 done, 1 an incorrect line, 2 not started)."),
+         [](Options& o, const QStringList& v) { o.importFile = last(v); return QString(); }},
+        {{S("render-report")}, S("FILE"),
+         S("Write this report file as a PDF (needs --vendor and --pdf) and exit, with no window."),
+         [](Options& o, const QStringList& v) { o.renderReport = last(v); return QString(); }},
+        {{S("param")}, S("name=value"), S("A value for one of the report's parameters; repeat as needed."),
+         applyReportParameters},
+        {{S("pdf")}, S("FILE"), S("The PDF file --render-report writes."),
+         [](Options& o, const QStringList& v) { o.pdfOutput = last(v); return QString(); }},
+    };
+    // clang-format on
+    return table;
+}
+
+QString helpText() {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(S("Ordwell: purchase orders for a small organisation."));
+    addToParser(parser);
+    // Qt names the program after argv[0] (or "<executable_name>" before the application object
+    // exists); the help and the manual page name it as a user types it.
+    QString text = parser.helpText();
+    const qsizetype usageEnd = text.indexOf(S(" [options]"));
+    if (text.startsWith(S("Usage: ")) && usageEnd > 0)
+        text.replace(7, usageEnd - 7, S("ordwell"));
+    return text;
 }
 
 Options parseOptions(const QStringList& arguments) {
     Options options;
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Ordwell: purchase orders for a small organisation."));
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                     QStringLiteral("Show the version."));
-    const QCommandLineOption dataDir(QStringLiteral("data-dir"),
-                                     QStringLiteral("Folder holding the databases and report files."),
-                                     QStringLiteral("DIR"));
-    const QCommandLineOption desktopDir(QStringLiteral("desktop-dir"),
-                                        QStringLiteral("Folder used as the desktop (exports, file chooser)."),
-                                        QStringLiteral("DIR"));
-    const QCommandLineOption settings(QStringLiteral("settings"), QStringLiteral("Keep settings in this INI file."),
-                                      QStringLiteral("FILE"));
-    const QCommandLineOption splash(QStringLiteral("splash-ms"),
-                                    QStringLiteral("Milliseconds of each splash pause (default 1000)."),
-                                    QStringLiteral("N"), QStringLiteral("1000"));
-    const QCommandLineOption vendor(QStringLiteral("vendor"),
-                                    QStringLiteral("The vendor (its code) a headless run works on."),
-                                    QStringLiteral("CODE"));
-    const QCommandLineOption importItems(
-        QStringLiteral("import-items"),
-        QStringLiteral("Import the price list FILE into the vendor's items without a window, then end "
-                       "(exit 0 done, 1 an incorrect line, 2 not started)."),
-        QStringLiteral("FILE"));
-    const QCommandLineOption renderReport(QStringLiteral("render-report"),
-                                          QStringLiteral("Write this report file as a PDF (needs --vendor and --pdf) "
-                                                         "and exit, with no window."),
-                                          QStringLiteral("FILE"));
-    const QCommandLineOption param(QStringLiteral("param"),
-                                   QStringLiteral("A value for one of the report's parameters; repeat as needed."),
-                                   QStringLiteral("name=value"));
-    const QCommandLineOption pdf(QStringLiteral("pdf"), QStringLiteral("The PDF file --render-report writes."),
-                                 QStringLiteral("FILE"));
-    parser.addOptions(
-        {help, version, dataDir, desktopDir, settings, splash, vendor, importItems, renderReport, param, pdf});
+    addToParser(parser);
     // Qt's own options (-style, -platform) are taken by QApplication before we see them.
-    if (!parser.parse(arguments)) {
+    if (!parser.parse(arguments))
         options.error = parser.errorText();
-    }
-    options.helpText = parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("ordwell"));
-    options.showHelp = parser.isSet(help);
-    options.showVersion = parser.isSet(version);
-    options.dataDir = parser.value(dataDir);
-    options.desktopDir = parser.value(desktopDir);
-    options.settingsFile = parser.value(settings);
-    options.vendorCode = parser.value(vendor);
-    options.importFile = parser.value(importItems);
-    options.renderReport = parser.value(renderReport);
-    options.pdfOutput = parser.value(pdf);
-    for (const QString& pair : parser.values(param)) {
-        const qsizetype eq = pair.indexOf(QLatin1Char('='));
-        if (eq <= 0) {
-            if (options.error.isEmpty())
-                options.error = QStringLiteral("--param needs name=value, not \"%1\".").arg(pair);
+    for (const OptionSpec& spec : optionTable()) {
+        const QString& name = spec.names.constLast();
+        if (!parser.isSet(name))
             continue;
-        }
-        options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
+        const QStringList values = spec.valueName.isEmpty() ? QStringList() : parser.values(name);
+        const QString problem = spec.apply(options, values);
+        if (!problem.isEmpty() && options.error.isEmpty())
+            options.error = problem;
     }
-    if (options.error.isEmpty() && !options.importFile.isEmpty() && !options.renderReport.isEmpty())
-        options.error = QStringLiteral("--import-items and --render-report are used one at a time.");
-    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
-        options.vendorCode.isEmpty() != options.importFile.isEmpty())
-        options.error = QStringLiteral("--vendor and --import-items are used together.");
-    if (options.error.isEmpty() && !options.renderReport.isEmpty()) {
-        if (options.vendorCode.isEmpty())
-            options.error = QStringLiteral("--render-report needs --vendor CODE.");
-        else if (options.pdfOutput.isEmpty())
-            options.error = QStringLiteral("--render-report needs --pdf FILE.");
-    }
-    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
-        (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
-        options.error = QStringLiteral("--pdf and --param go with --render-report.");
-    bool ok = false;
-    const int ms = parser.value(splash).toInt(&ok);
-    if (!ok || ms < 0) {
-        if (options.error.isEmpty())
-            options.error = QStringLiteral("--splash-ms needs a whole number of milliseconds, 0 or more.");
-    } else {
-        options.splashMs = ms;
-    }
+    if (options.error.isEmpty())
+        options.error = checkCombinations(options);
+    options.helpText = helpText();
     return options;
+}
+
+QString versionText() {
+    return QStringLiteral("%1.%2.%3").arg(ORDWELL_VERSION_MAJOR).arg(ORDWELL_VERSION_MINOR).arg(ORDWELL_VERSION_PATCH);
 }
 
 QString resolveDataDir(const Options& options) {

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <utility>
 
+#include <vector>
+
 namespace ordwell {
 
 // How Ordwell was asked to start; filled from the command line by main() and by tests directly.
@@ -13,7 +15,7 @@ struct Options {
     QString desktopDir;   // empty: the user's desktop
     QString settingsFile; // empty: the platform's settings store; else an INI file
     int splashMs = 1000;  // each of the splash's two pauses
-    QString vendorCode;   // --vendor: the vendor a headless run works on
+    QString vendorCode;   // --vendor: the vendor a headless run (import or report) works on
     QString importFile;   // --import-items: import this price list without a window, then end
     QString renderReport; // --render-report: a report file to turn into a PDF, with no window
     QList<std::pair<QString, QString>> reportParameters; // --param name=value, in order
@@ -24,7 +26,22 @@ struct Options {
     QString error; // set when the command line could not be read
 };
 
+// One command-line option. The table of these is the only list of options: the parser, --help
+// and the manual page are all made from it, so adding an option is adding one row.
+struct OptionSpec {
+    QStringList names; // short and long names without dashes, e.g. {"h", "help"}
+    QString valueName; // empty for a switch; otherwise the placeholder shown in help ("DIR")
+    QString help;      // one sentence, shown by --help and in the manual page
+    // Stores the option's values (every occurrence, in order; empty for a switch) in the options.
+    // Returns an error text when a value cannot be used, else an empty string.
+    QString (*apply)(Options& options, const QStringList& values);
+};
+
+const std::vector<OptionSpec>& optionTable();
+
 Options parseOptions(const QStringList& arguments);
+
+QString helpText();
 
 // The folders actually used, after the defaults are applied.
 QString resolveDataDir(const Options& options);

@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "common/PendingEvents.h"
 
 #include "common/QtPrompter.h"
 #include "reports/ShippedReports.h"
@@ -47,14 +48,14 @@ Program::~Program() {
 void Program::setStatus(SplashWindow& splash, const QString& text) {
     m_captions.append(text);
     splash.setStatus(text);
-    QCoreApplication::processEvents();
+    letPendingEventsRun();
 }
 
 void Program::pause() const {
     // Blocks start-up but keeps the splash painted.
     QDeadlineTimer deadline(m_options.splashMs);
     while (!deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        letPendingEventsRun();
         QThread::msleep(10);
     }
 }

@@ -173,6 +173,24 @@ private slots:
         QCOMPARE(r.cell(1, 4), QStringLiteral("Active"));
     }
 
+    // Past 99 rules the grid grows, numbering its rows; the row written last is scrolled into
+    // view with eight rows above it; every value the window shows reaches a screen reader.
+    void moreRulesThanRows() {
+        QList<QPair<QString, QString>> many;
+        for (int i = 1; i <= 120; ++i)
+            many.append({QStringLiteral("P%1").arg(i, 3, 10, QLatin1Char('0')), QStringLiteral("A")});
+        Rules r(many);
+        QCOMPARE(r.form->ruleCount(), 120);
+        QCOMPARE(r.row(120), QStringLiteral("120|P120|1|2|Active"));
+        r.enter(QStringLiteral("new"), QStringLiteral("0"), QStringLiteral("0"));
+        r.button(BarcodeRulesForm::AddButton)->click();
+        QVERIFY(r.s.prompter().messages.isEmpty());
+        QCOMPARE(r.row(121), QStringLiteral("121|NEW|0|0|Active"));
+        QCOMPARE(r.grid()->rowCount(), 122);
+        QCOMPARE(r.grid()->rowAt(0), 121 - 8);
+        QCOMPARE(test::labelsHidingTheirText(r.form), QStringList());
+    }
+
     void entryChecks_data() {
         QTest::addColumn<QString>("prefix");
         QTest::addColumn<QString>("first");

@@ -210,7 +210,7 @@ void TestOrderForm::barcodeRuleStrips() {
     QFETCH(int, last);
     QFETCH(QString, code);
     QFETCH(QString, result);
-    const auto stripped = BarcodeResolver::strip({start, first, last}, code);
+    const auto stripped = BarcodeResolver::strip({.codestart = start, .skipfirst = first, .skiplast = last}, code);
     QCOMPARE(stripped.value_or(QString()), result);
 }
 

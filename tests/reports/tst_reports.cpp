@@ -12,6 +12,7 @@
 #include "shell/MenuMasks.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
+#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QCryptographicHash>
@@ -185,6 +186,29 @@ private slots:
             render(QStringLiteral("ordform.rpt"), {{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")}},
                    QStringLiteral("XYZ"), QStringLiteral("Xylo Trading"));
         QVERIFY(wrong.contains(QLatin1String("There is no order ABC0000001")));
+    }
+
+    // The worked example in the report-file guide is a report that runs and means what it says.
+    void guideExampleRuns() {
+        QFile guide(QStringLiteral(ORDWELL_SOURCE_DIR "/docs/reports.md"));
+        QVERIFY(guide.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(guide.readAll());
+        const qsizetype start = text.indexOf(QLatin1String("```ini\n"));
+        const qsizetype end = text.indexOf(QLatin1String("```"), start + 7);
+        QVERIFY(start >= 0 && end > start);
+        writeText(m_folders->dataFile(QStringLiteral("expiring.rpt")), text.mid(start + 7, end - start - 7));
+        QVERIFY(
+            Sql::run(m_abc->db(), QStringLiteral("UPDATE items SET priceexp = CASE code WHEN 'BOLT10' THEN "
+                                                 "'2025-02-10' WHEN 'NUT10' THEN '2025-03-31' ELSE '2026-01-01' END")));
+        const QString out =
+            render(QStringLiteral("expiring.rpt"), {{QStringLiteral("before"), QStringLiteral("2025-12-31")}});
+        for (const QString& expected :
+             {QStringLiteral("Prices Running Out"), QStringLiteral("Bolt & Nut Supplies (ABC)"),
+              QStringLiteral("before 31/12/2025"), QStringLiteral("2025-02: 1 items"),
+              QStringLiteral("2025-03: 1 items"), QStringLiteral("Bolt 10 mm & washer"), QStringLiteral("2.50"),
+              QStringLiteral("10/02/2025"), QStringLiteral("Nut <M10>"), QStringLiteral("Page 1 of 1")})
+            QVERIFY2(out.contains(expected), qPrintable(expected + QStringLiteral(" missing from:\n") + out));
+        QVERIFY(!out.contains(QLatin1String("Split pin")));
     }
 
     void badReportFiles_data() {
@@ -523,10 +547,8 @@ private:
     }
 
     static void openVendor(AppContext& context, const QString& code, const QString& name) {
-        context.closeVendorDb();
-        QVERIFY(Store::OpenVendorDatabase(context.dataDir(), Store::vendorFileName(code)));
-        context.CurrentVendorCode = code;
-        context.CurrentVendorName = name;
+        const Status opened = context.vendorSession().open(code, name);
+        QVERIFY2(opened, qPrintable(opened.message()));
     }
 
     static QList<bool> enabledEntries(MainWindow& window) {
