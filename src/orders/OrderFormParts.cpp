@@ -1,4 +1,5 @@
 // Where each part of the order form that lives in its own files joins the form.
+#include "orders/OrderFormAfterEntry.h"
 #include "orders/OrderFormHooks.h"
 
 namespace ordwell {
@@ -6,7 +7,7 @@ namespace ordwell {
 void installOrderFormHooks(OrderFormHooks& hooks) {
     // The selection lists, cancellation and recovery, printing, export and receiving, and the
     // description chooser each add their steps here.
-    (void)hooks;
+    OrderFormAfterEntry::install(hooks);
 }
 
 } // namespace ordwell

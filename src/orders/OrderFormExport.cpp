@@ -1,0 +1,43 @@
+// Exporting the shown order to the desktop.
+#include "orders/OrderFormAfterEntry.h"
+
+#include "common/WaitCursor.h"
+#include "orders/OrderExport.h"
+#include "orders/OrderForm.h"
+#include "shell/AppContext.h"
+#include "vendors/VendorSession.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+namespace ordwell::OrderFormAfterEntry {
+
+void ExportOrder(OrderForm& form) {
+    OrderFormControls& ui = form.ui();
+    AppContext& context = form.appContext();
+    ui.lblinfo->setText(QStringLiteral("Exporting Order"));
+    const QString number = ui.txtheader[Header::OrderNumber]->text();
+    OrderExport::ExportResult result;
+    {
+        WaitCursor wait;
+        result = OrderExport::ExportOrder(context.systemDb(), form.vendorDb(), context.vendorSession().name(),
+                                          context.DesktopPath, number);
+    }
+    switch (result.outcome) {
+    case OrderExport::Outcome::FileExists:
+        context.prompter().message(OrderExport::ExistsText, OrderExport::ExistsTitle, MessageIcon::Exclamation);
+        ui.lblinfo->setText(QStringLiteral("Order export failed"));
+        return;
+    case OrderExport::Outcome::Failed:
+        context.prompter().message(result.message, QString(), MessageIcon::Critical);
+        ui.lblinfo->setText(QStringLiteral("Order export failed"));
+        return;
+    case OrderExport::Outcome::Exported:
+        break;
+    }
+    ui.txtheader[Header::Status]->setText(QStringLiteral("X - EXPORTED"));
+    ui.lblinfo->setText(QStringLiteral("Order exported"));
+    context.prompter().message(OrderExport::CompleteText(number), OrderExport::CompleteTitle, MessageIcon::None);
+}
+
+} // namespace ordwell::OrderFormAfterEntry
