@@ -1,6 +1,7 @@
 // The item window over a catalogue of 1,000,000 items: how long it takes to open (counting the
 // catalogue and showing the first item) and the process's peak memory with it open after
 // paging to the end and back. Prints "<name> <value> <unit>" lines.
+#include "SilentPrompter.h"
 #include "catalogue/ItemForm.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
@@ -22,14 +23,6 @@ using namespace ordwell;
 namespace {
 
 constexpr int ItemCount = 1000000;
-
-class SilentPrompter : public Prompter {
-public:
-    MessageAnswer message(const QString&, const QString&, MessageIcon, MessageButtons buttons) override {
-        return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
-    }
-    std::optional<QString> openFile(const FileRequest&) override { return std::nullopt; }
-};
 
 // The catalogue is made by a separate run of this program, so its cost stays out of the figures.
 int generate(int argc, char** argv) {

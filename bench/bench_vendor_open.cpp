@@ -1,6 +1,7 @@
 // Opening a vendor with a large catalogue and order book, through the chooser's own routine:
 // the database opened, expired prices zeroed, open orders revalued, the live-order check.
 // Prints "vendor_open_200k_s <seconds> s" (the median of three opens, each of a fresh copy).
+#include "SilentPrompter.h"
 #include "common/Dates.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
@@ -25,17 +26,6 @@ constexpr int ItemCount = 200000;
 constexpr int ExpiredCount = 10000;
 constexpr int OrderCount = 2000;
 constexpr int LinesPerOrder = 50;
-
-// Answers every message with OK and remembers nothing: nobody is there to read it.
-class SilentPrompter : public Prompter {
-public:
-    MessageAnswer message(const QString&, const QString&, MessageIcon, MessageButtons buttons) override {
-        ++shown;
-        return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
-    }
-    std::optional<QString> openFile(const FileRequest&) override { return std::nullopt; }
-    int shown = 0;
-};
 
 QString itemCode(int i) {
     return QStringLiteral("IT%1").arg(i, 8, 10, QLatin1Char('0'));

@@ -1,4 +1,5 @@
 #include "catalogue/HeadlessImport.h"
+#include "reports/HeadlessReport.h"
 #include "shell/Options.h"
 #include "shell/Program.h"
 
@@ -23,6 +24,13 @@ int main(int argc, char* argv[]) {
     if (early.showVersion) {
         QTextStream(stdout) << "Ordwell " << ordwell::versionText() << '\n';
         return 0;
+    }
+    if (!early.renderReport.isEmpty()) {
+        if (!early.error.isEmpty()) {
+            QTextStream(stderr) << early.error << '\n';
+            return 2;
+        }
+        return ordwell::renderReportHeadless(argc, argv, early);
     }
     if (!early.importFile.isEmpty() || !early.vendorCode.isEmpty()) {
         // A command-line import needs no display.

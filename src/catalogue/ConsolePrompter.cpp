@@ -13,4 +13,8 @@ std::optional<QString> ConsolePrompter::openFile(const FileRequest&) {
     return std::nullopt;
 }
 
+std::optional<QString> ConsolePrompter::saveFile(const FileRequest&) {
+    return std::nullopt;
+}
+
 } // namespace ordwell

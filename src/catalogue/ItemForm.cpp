@@ -1,5 +1,6 @@
 #include "ItemForm.h"
 
+#include "catalogue/Find.h"
 #include "catalogue/ItemChecks.h"
 #include "catalogue/Revaluation.h"
 #include "common/FormHelpers.h"
@@ -296,8 +297,8 @@ void ItemForm::onCancel() {
 }
 
 void ItemForm::onFind() {
-    // The find window is wired in once it exists; until then Find shows the first item.
-    showDescription(QString());
+    const auto chosen = Find::findItemDescription(context(), this, Find::ItemFormMask);
+    showDescription(chosen.value_or(QString()));
 }
 
 void ItemForm::showDescription(const QString& description) {

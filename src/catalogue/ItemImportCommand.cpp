@@ -16,10 +16,7 @@ namespace ordwell::ItemImportCommand {
 
 void ImportItems(AppContext& context, MainWindow& mainWindow) {
     context.ApplyMenuMask(MenuMasks::VendorWindow);
-    context.FileChooserKind = FileChooser::ImportFiles;
-    FileChooser::choose(context);
-    const QString path = context.ChosenFilePath;
-    context.ChosenFilePath.clear();
+    const QString path = FileChooser::choose(context, FileChooser::ImportFiles).value_or(QString());
     if (path.isEmpty()) {
         context.ApplyMenuMask(MenuMasks::VendorOpen);
         return;

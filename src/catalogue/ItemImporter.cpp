@@ -56,9 +56,7 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
     if (Status opened = reader.open(); !opened)
         return stopWith(ImportOutcome::Stop::FileProblem, opened.message());
 
-    QSqlQuery upsert(m_db);
-    if (!upsert.prepare(UpsertSql))
-        return stopWith(ImportOutcome::Stop::DatabaseProblem, Sql::describe(upsert.lastError()));
+    Sql::Statement upsert(m_db, UpsertSql);
 
     const QString expiredStored = Dates::toStored(ExpiredPriceDate);
     int pending = 0; // lines written in the open batch
@@ -71,6 +69,7 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
         inBatch = false;
         if (!m_db.commit()) {
             const QSqlError error = m_db.lastError();
+            Sql::logFailure(error, QStringLiteral("COMMIT"));
             m_db.rollback();
             return Status::fail(Sql::describe(error));
         }
@@ -105,20 +104,17 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
             inBatch = true;
         }
         const bool expired = item->expiry < m_today;
-        upsert.bindValue(0, item->code);
-        upsert.bindValue(1, item->descr);
-        upsert.bindValue(2, item->packqty);
-        upsert.bindValue(3, item->defqty);
-        upsert.bindValue(4, expired ? qint64(0) : item->price.tenThousandths());
-        upsert.bindValue(5, expired ? expiredStored : Dates::toStored(item->expiry));
-        if (!upsert.exec()) {
+        const Status stored = upsert.exec({item->code, item->descr, item->packqty, item->defqty,
+                                           expired ? qint64(0) : item->price.tenThousandths(),
+                                           expired ? expiredStored : Dates::toStored(item->expiry)});
+        if (!stored) {
             // The failed statement undoes only itself: the lines before it are kept.
-            const QString why = Sql::describe(upsert.lastError());
             const Status committed = commitBatch();
-            return stopWith(ImportOutcome::Stop::DatabaseProblem,
-                            QStringLiteral("The import stopped at line %1 of %2, which could not be stored: %3")
-                                .arg(lineNumber)
-                                .arg(QDir::toNativeSeparators(path), committed ? why : committed.message()));
+            return stopWith(
+                ImportOutcome::Stop::DatabaseProblem,
+                QStringLiteral("The import stopped at line %1 of %2, which could not be stored: %3")
+                    .arg(lineNumber)
+                    .arg(QDir::toNativeSeparators(path), committed ? stored.message() : committed.message()));
         }
         ++pending;
         if (expired)

@@ -27,8 +27,10 @@ ItemRepository::~ItemRepository() = default;
 QSqlQuery& ItemRepository::prepared(QSqlQuery& query, const QString& sql, Status& status) {
     if (query.lastQuery().isEmpty()) {
         query.setForwardOnly(true);
-        if (!query.prepare(sql))
+        if (!query.prepare(sql)) {
+            Sql::logFailure(query.lastError(), sql);
             status = Status::fail(Sql::describe(query.lastError()));
+        }
     }
     return query;
 }
@@ -38,8 +40,10 @@ namespace {
 Status runWith(QSqlQuery& query, const QVariantList& values) {
     for (int i = 0; i < values.size(); ++i)
         query.bindValue(i, values.at(i));
-    if (!query.exec())
+    if (!query.exec()) {
+        Sql::logFailure(query.lastError(), query.lastQuery());
         return Status::fail(Sql::describe(query.lastError()));
+    }
     return Status::ok();
 }
 

@@ -72,14 +72,10 @@ Result<int> revalueOpenOrders(const QSqlDatabase& vendorDb) {
     settle();
     q.finish();
 
-    QSqlQuery update(vendorDb);
-    if (!update.prepare(QStringLiteral("UPDATE orderhead SET totalval = ? WHERE orderid = ?")))
-        return Status::fail(Sql::describe(update.lastError()));
+    Sql::Statement update(vendorDb, QStringLiteral("UPDATE orderhead SET totalval = ? WHERE orderid = ?"));
     for (const OpenTotal& order : changed) {
-        update.bindValue(0, order.computed.tenThousandths());
-        update.bindValue(1, order.orderid);
-        if (!update.exec())
-            return Status::fail(Sql::describe(update.lastError()));
+        if (Status written = update.exec({order.computed.tenThousandths(), order.orderid}); !written)
+            return written;
     }
     if (Status committed = tx.commit(); !committed)
         return committed;

@@ -1,4 +1,5 @@
 #include "UploadForm.h"
+#include "common/PendingEvents.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -72,7 +73,7 @@ UploadForm::UploadForm(QWidget* parent) : QWidget(parent) {
 
 void UploadForm::redraw() {
     // Lets the window paint; keys and clicks wait until the import has finished with the screen.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    letPendingEventsRun();
 }
 
 void UploadForm::showLineCount(int count) {

@@ -1,4 +1,5 @@
 #include "FormHelpers.h"
+#include "PendingEvents.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -46,7 +47,7 @@ void applyButtonMask(const QList<QAbstractButton*>& buttons, const QString& mask
     const QString trimmed = mask.trimmed();
     for (int i = 0; i < buttons.size(); ++i)
         buttons.at(i)->setEnabled(i < trimmed.size() && trimmed.at(i) == QLatin1Char('1'));
-    QCoreApplication::processEvents();
+    letPendingEventsRun();
 }
 
 QString buttonMask(const QList<QAbstractButton*>& buttons) {

@@ -33,6 +33,14 @@ public:
     // The chosen file's full path, or nothing when the user cancelled.
     virtual std::optional<QString> openFile(const FileRequest& request) = 0;
 
+    // Where to write a new file: the full path, or nothing when the user cancelled. The
+    // request's startFolder may end in a suggested file name; mustExist is not used. A prompter
+    // with nobody to ask (a headless run) answers as if the user cancelled.
+    virtual std::optional<QString> saveFile(const FileRequest& request) {
+        Q_UNUSED(request);
+        return std::nullopt;
+    }
+
     bool ask(const QString& text, const QString& title, MessageIcon icon = MessageIcon::Question) {
         return message(text, title, icon, MessageButtons::YesNo) == MessageAnswer::Yes;
     }

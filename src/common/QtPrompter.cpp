@@ -55,4 +55,18 @@ std::optional<QString> QtPrompter::openFile(const FileRequest& request) {
     return dialog.selectedFiles().first();
 }
 
+std::optional<QString> QtPrompter::saveFile(const FileRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), request.title, request.startFolder);
+    dialog.setObjectName(QStringLiteral("dlgSaveFile"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog, true);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(request.filters);
+    if (!request.filters.isEmpty())
+        dialog.selectNameFilter(request.filters.first());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().first();
+}
+
 } // namespace ordwell

@@ -1,8 +1,31 @@
 #include "Sql.h"
 
-namespace ordwell::Sql {
+namespace ordwell {
+
+Q_LOGGING_CATEGORY(lcStore, "ordwell.store", QtWarningMsg)
+
+namespace Sql {
 
 namespace {
+// SQLite's result codes (sqlite3.h) that call for different words or a different remedy.
+namespace ResultCode {
+enum : int {
+    Perm = 3,
+    Busy = 5,
+    Locked = 6,
+    ReadOnly = 8,
+    IoErr = 10,
+    Corrupt = 11,
+    Full = 13,
+    CantOpen = 14,
+    Constraint = 19,
+    NotADb = 26,
+    ConstraintNotNull = Constraint | (5 << 8),
+    ConstraintPrimaryKey = Constraint | (6 << 8),
+    ConstraintUnique = Constraint | (8 << 8),
+};
+} // namespace ResultCode
+
 // The column a constraint message names, as " (name)", so the user knows which value to mend.
 QString columnNamed(const QString& databaseText) {
     const int open = databaseText.indexOf(QLatin1Char('"'));
@@ -16,19 +39,45 @@ QString columnNamed(const QString& databaseText) {
 }
 } // namespace
 
+int resultCode(const QSqlError& error) {
+    if (!error.isValid())
+        return 0;
+    bool ok = false;
+    const int code = error.nativeErrorCode().toInt(&ok);
+    return ok ? code : -1;
+}
+
 Refusal classify(const QSqlError& error) {
     if (!error.isValid())
         return Refusal::None;
-    const QString text = error.databaseText() + QLatin1Char(' ') + error.driverText();
-    if (text.contains(QLatin1String("UNIQUE constraint failed")) || text.contains(QLatin1String("PRIMARY KEY")))
-        return Refusal::Duplicate;
-    if (text.contains(QLatin1String("NOT NULL constraint failed")))
-        return Refusal::Missing;
-    if (text.contains(QLatin1String("CHECK constraint failed")) || text.contains(QLatin1String("cannot store")))
-        return Refusal::TooLongOrInvalid;
-    if (text.contains(QLatin1String("database is locked")) || text.contains(QLatin1String("database is busy")))
+    const int code = resultCode(error);
+    switch (code & 0xff) {
+    case ResultCode::Constraint:
+        switch (code) {
+        case ResultCode::ConstraintNotNull:
+            return Refusal::Missing;
+        case ResultCode::ConstraintPrimaryKey:
+        case ResultCode::ConstraintUnique:
+            return Refusal::Duplicate;
+        default:
+            return Refusal::TooLongOrInvalid;
+        }
+    case ResultCode::Busy:
+    case ResultCode::Locked:
         return Refusal::Busy;
-    return Refusal::Other;
+    case ResultCode::Full:
+        return Refusal::DiskFull;
+    case ResultCode::Corrupt:
+    case ResultCode::NotADb:
+        return Refusal::Damaged;
+    case ResultCode::Perm:
+    case ResultCode::ReadOnly:
+    case ResultCode::IoErr:
+    case ResultCode::CantOpen:
+        return Refusal::Unavailable;
+    default:
+        return Refusal::Other;
+    }
 }
 
 QString describe(const QSqlError& error) {
@@ -45,6 +94,13 @@ QString describe(const QSqlError& error) {
             .arg(columnNamed(error.databaseText()));
     case Refusal::Busy:
         return QStringLiteral("The database is in use by another program. Please try again.");
+    case Refusal::DiskFull:
+        return QStringLiteral("The database could not be changed because the disk is full.");
+    case Refusal::Damaged:
+        return QStringLiteral("The database file is damaged or is not a database.");
+    case Refusal::Unavailable:
+        return QStringLiteral("The database file could not be read or changed; check that it exists, that it may be "
+                              "changed and that the disk is working.");
     case Refusal::Other:
         break;
     }
@@ -54,35 +110,48 @@ QString describe(const QSqlError& error) {
     return QStringLiteral("The database reported an error: %1").arg(detail);
 }
 
+void logFailure(const QSqlError& error, const QString& sql) {
+    if (!error.isValid())
+        return;
+    const Refusal kind = classify(error);
+    const QString line = QStringLiteral("SQLite result %1 (%2) in: %3")
+                             .arg(resultCode(error))
+                             .arg(error.databaseText().isEmpty() ? error.driverText() : error.databaseText(), sql);
+    // A value the data refused is the user's to mend, not a fault of the program or the disk.
+    if (kind == Refusal::Duplicate || kind == Refusal::Missing || kind == Refusal::TooLongOrInvalid)
+        qCInfo(lcStore, "%s", qUtf8Printable(line));
+    else
+        qCWarning(lcStore, "%s", qUtf8Printable(line));
+}
+
+namespace {
+// Prepares and runs `sql` on `query`; the error, logged, when either step fails.
+QSqlError prepareAndRun(QSqlQuery& query, const QString& sql, const QVariantList& values) {
+    if (query.prepare(sql)) {
+        for (const QVariant& v : values)
+            query.addBindValue(v);
+        if (query.exec())
+            return {};
+    }
+    logFailure(query.lastError(), sql);
+    return query.lastError();
+}
+} // namespace
+
 Result<QSqlQuery> exec(const QSqlDatabase& db, const QString& sql, const QVariantList& values) {
     QSqlQuery query(db);
     query.setForwardOnly(true);
-    if (!query.prepare(sql))
-        return Status::fail(describe(query.lastError()));
-    for (const QVariant& v : values)
-        query.addBindValue(v);
-    if (!query.exec())
-        return Status::fail(describe(query.lastError()));
+    if (const QSqlError error = prepareAndRun(query, sql, values); error.isValid())
+        return Status::fail(describe(error));
     return query;
 }
 
 Status run(const QSqlDatabase& db, const QString& sql, const QVariantList& values, Refusal* refusal) {
     QSqlQuery query(db);
-    if (!query.prepare(sql)) {
-        if (refusal)
-            *refusal = classify(query.lastError());
-        return Status::fail(describe(query.lastError()));
-    }
-    for (const QVariant& v : values)
-        query.addBindValue(v);
-    if (!query.exec()) {
-        if (refusal)
-            *refusal = classify(query.lastError());
-        return Status::fail(describe(query.lastError()));
-    }
+    const QSqlError error = prepareAndRun(query, sql, values);
     if (refusal)
-        *refusal = Refusal::None;
-    return Status::ok();
+        *refusal = classify(error);
+    return error.isValid() ? Status::fail(describe(error)) : Status::ok();
 }
 
 Result<QVariant> scalar(const QSqlDatabase& db, const QString& sql, const QVariantList& values) {
@@ -98,8 +167,35 @@ QVariant textOrNull(const QString& text) {
     return text.isEmpty() ? QVariant(QMetaType(QMetaType::QString)) : QVariant(text);
 }
 
+Statement::Statement(QSqlDatabase db, QString sql) : m_sql(std::move(sql)), m_query(db) {
+    m_query.setForwardOnly(true);
+}
+
+Status Statement::exec(std::initializer_list<QVariant> values) {
+    m_error = QSqlError();
+    if (!m_prepared) {
+        m_prepared = m_query.prepare(m_sql);
+        if (!m_prepared) {
+            m_error = m_query.lastError();
+            logFailure(m_error, m_sql);
+            return Status::fail(describe(m_error));
+        }
+    }
+    int index = 0;
+    for (const QVariant& value : values)
+        m_query.bindValue(index++, value);
+    if (!m_query.exec()) {
+        m_error = m_query.lastError();
+        logFailure(m_error, m_sql);
+        return Status::fail(describe(m_error));
+    }
+    return Status::ok();
+}
+
 Transaction::Transaction(QSqlDatabase db) : m_db(std::move(db)) {
     m_active = m_db.transaction();
+    if (!m_active)
+        logFailure(m_db.lastError(), QStringLiteral("BEGIN"));
 }
 
 Transaction::~Transaction() {
@@ -114,10 +210,12 @@ Status Transaction::commit() {
     m_active = false;
     if (!m_db.commit()) {
         const QSqlError error = m_db.lastError();
+        logFailure(error, QStringLiteral("COMMIT"));
         m_db.rollback();
         return Status::fail(describe(error));
     }
     return Status::ok();
 }
 
-} // namespace ordwell::Sql
+} // namespace Sql
+} // namespace ordwell

@@ -73,8 +73,6 @@ public:
 
     bool DatabaseJustCreated = false;
     QString DesktopPath;
-    int FileChooserKind = 0;
-    QString ChosenFilePath;
     int OpenWindowCount = 0;
     bool AgreementAccepted = true;
     // Kept equal to the session's code and name by the session; read them, open and close

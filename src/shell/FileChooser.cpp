@@ -14,13 +14,14 @@ FileRequest requestFor(int kind, const QString& desktopPath) {
     return request;
 }
 
-void choose(AppContext& context) {
+std::optional<QString> choose(AppContext& context, int kind) {
     // Counted as open while the dialog runs, so the main window cannot be closed under it.
     ++context.OpenWindowCount;
-    const auto chosen = context.prompter().openFile(requestFor(context.FileChooserKind, context.DesktopPath));
+    auto chosen = context.prompter().openFile(requestFor(kind, context.DesktopPath));
     --context.OpenWindowCount;
-    if (chosen && !chosen->isEmpty())
-        context.ChosenFilePath = *chosen;
+    if (chosen && chosen->isEmpty())
+        return std::nullopt;
+    return chosen;
 }
 
 } // namespace ordwell::FileChooser

@@ -3,10 +3,11 @@
 #include "common/Prompter.h"
 #include "shell/AppContext.h"
 
+#include <optional>
+
 namespace ordwell {
 
-// frmgetfile: lets the user pick a file of the kind in FileChooserKind, starting on the
-// desktop. Leaves the full path in ChosenFilePath; a cancel leaves it as it was.
+// frmgetfile: lets the user pick a file of one kind, starting on the desktop.
 namespace FileChooser {
 
 inline constexpr int ImportFiles = 2;
@@ -15,7 +16,8 @@ inline constexpr int ReportFiles = 3;
 // The dialog settings for a kind: title, start folder, filters.
 FileRequest requestFor(int kind, const QString& desktopPath);
 
-void choose(AppContext& context);
+// The chosen file's full path, or nothing when the user cancelled.
+std::optional<QString> choose(AppContext& context, int kind);
 
 } // namespace FileChooser
 } // namespace ordwell

@@ -1,4 +1,5 @@
 #include "MainWindow.h"
+#include "common/PendingEvents.h"
 
 #include "shell/MenuMasks.h"
 #include "shell/SplashWindow.h"
@@ -184,7 +185,7 @@ void MainWindow::ApplyMenuMask(const QString& mask) {
         else if (mask.at(i) == QLatin1Char('1'))
             m_maskedEntries.at(i)->setEnabled(true);
     }
-    QCoreApplication::processEvents();
+    letPendingEventsRun();
 }
 
 void MainWindow::ShowStatus(const QString& vendorName) {

@@ -1,7 +1,10 @@
 #include "MenuWiring.h"
 
+#include "catalogue/BarcodeRulesForm.h"
 #include "catalogue/ItemForm.h"
 #include "catalogue/ItemImportCommand.h"
+#include "orders/OrderFormOpener.h"
+#include "reports/ReportWindows.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
@@ -53,10 +56,14 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     // The catalogue: import, barcode rules, find.
     mainWindow.setMenuHandler(QStringLiteral("mnuimpitms"),
                               [&mainWindow, &context] { ItemImportCommand::ImportItems(context, mainWindow); });
+    mainWindow.setMenuHandler(QStringLiteral("mnubarcodes"), singleWindow<BarcodeRulesForm>(mainWindow, context));
 
     // Orders.
+    wireOrderMenus(mainWindow, context);
 
     // Reports.
+    mainWindow.setMenuHandler(QStringLiteral("mnurptoutitms"), [&context] { ShowOutstandingItemsReport(context); });
+    mainWindow.setMenuHandler(QStringLiteral("mnurptOrdhist"), [&context] { ShowOrderHistoryReport(context); });
 }
 
 } // namespace ordwell

@@ -26,6 +26,21 @@ QString applySplashMs(Options& options, const QStringList& values) {
     return {};
 }
 
+// Every occurrence counts: each gives one parameter.
+QString applyReportParameters(Options& options, const QStringList& values) {
+    QString problem;
+    for (const QString& pair : values) {
+        const qsizetype eq = pair.indexOf(QLatin1Char('='));
+        if (eq <= 0) {
+            if (problem.isEmpty())
+                problem = S("--param needs name=value, not \"%1\".").arg(pair);
+            continue;
+        }
+        options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
+    }
+    return problem;
+}
+
 void addToParser(QCommandLineParser& parser) {
     for (const OptionSpec& spec : optionTable())
         parser.addOption(QCommandLineOption(spec.names, spec.help, spec.valueName));
@@ -47,12 +62,19 @@ const std::vector<OptionSpec>& optionTable() {
         {{S("settings")}, S("FILE"), S("Keep settings in this INI file."),
          [](Options& o, const QStringList& v) { o.settingsFile = last(v); return QString(); }},
         {{S("splash-ms")}, S("N"), S("Milliseconds of each splash pause (default 1000)."), applySplashMs},
-        {{S("vendor")}, S("CODE"), S("The vendor (its code) that --import-items works on."),
+        {{S("vendor")}, S("CODE"), S("The vendor (its code) that --import-items or --render-report works on."),
          [](Options& o, const QStringList& v) { o.vendorCode = last(v); return QString(); }},
         {{S("import-items")}, S("FILE"),
          S("Import the price list FILE into the vendor's items without a window, then end "
            "(exit 0 done, 1 an incorrect line, 2 not started)."),
          [](Options& o, const QStringList& v) { o.importFile = last(v); return QString(); }},
+        {{S("render-report")}, S("FILE"),
+         S("Write this report file as a PDF (needs --vendor and --pdf) and exit, with no window."),
+         [](Options& o, const QStringList& v) { o.renderReport = last(v); return QString(); }},
+        {{S("param")}, S("name=value"), S("A value for one of the report's parameters; repeat as needed."),
+         applyReportParameters},
+        {{S("pdf")}, S("FILE"), S("The PDF file --render-report writes."),
+         [](Options& o, const QStringList& v) { o.pdfOutput = last(v); return QString(); }},
     };
     // clang-format on
     return table;
@@ -87,7 +109,19 @@ Options parseOptions(const QStringList& arguments) {
         if (!problem.isEmpty() && options.error.isEmpty())
             options.error = problem;
     }
-    if (options.error.isEmpty() && options.vendorCode.isEmpty() != options.importFile.isEmpty())
+    if (options.error.isEmpty() && !options.importFile.isEmpty() && !options.renderReport.isEmpty())
+        options.error = S("--import-items and --render-report are separate runs.");
+    if (options.error.isEmpty() && !options.renderReport.isEmpty()) {
+        if (options.vendorCode.isEmpty())
+            options.error = S("--render-report needs --vendor CODE.");
+        else if (options.pdfOutput.isEmpty())
+            options.error = S("--render-report needs --pdf FILE.");
+    }
+    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
+        (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
+        options.error = S("--pdf and --param go with --render-report.");
+    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
+        options.vendorCode.isEmpty() != options.importFile.isEmpty())
         options.error = S("--vendor and --import-items are used together.");
     options.helpText = helpText();
     return options;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+#include <utility>
 
 #include <vector>
 
@@ -13,8 +15,11 @@ struct Options {
     QString desktopDir;   // empty: the user's desktop
     QString settingsFile; // empty: the platform's settings store; else an INI file
     int splashMs = 1000;  // each of the splash's two pauses
-    QString vendorCode;   // --vendor: the vendor a command-line import works on
+    QString vendorCode;   // --vendor: the vendor a headless run (import or report) works on
     QString importFile;   // --import-items: import this price list without a window, then end
+    QString renderReport; // --render-report: a report file to turn into a PDF, with no window
+    QList<std::pair<QString, QString>> reportParameters; // --param name=value, in order
+    QString pdfOutput;                                   // --pdf: where that PDF goes
     bool showHelp = false;
     bool showVersion = false;
     QString helpText;

@@ -1,6 +1,8 @@
 #include "Program.h"
+#include "common/PendingEvents.h"
 
 #include "common/QtPrompter.h"
+#include "reports/ShippedReports.h"
 #include "shell/FirstRunDialog.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuWiring.h"
@@ -46,14 +48,14 @@ Program::~Program() {
 void Program::setStatus(SplashWindow& splash, const QString& text) {
     m_captions.append(text);
     splash.setStatus(text);
-    QCoreApplication::processEvents();
+    letPendingEventsRun();
 }
 
 void Program::pause() const {
     // Blocks start-up but keeps the splash painted.
     QDeadlineTimer deadline(m_options.splashMs);
     while (!deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        letPendingEventsRun();
         QThread::msleep(10);
     }
 }
@@ -143,6 +145,7 @@ bool Program::start() {
                 QString(), MessageIcon::Critical);
             failed = true;
         } else {
+            ShippedReports::installMissing(ctx.dataDir());
             pause();
             m_mainWindow = new MainWindow(ctx);
             wireMenus(*m_mainWindow, ctx);

@@ -33,55 +33,29 @@ QString native(const QString& path) {
     return QDir::toNativeSeparators(path);
 }
 
-// SQLite's primary result codes we tell apart.
-enum SqliteCode {
-    Perm = 3,
-    Busy = 5,
-    Locked = 6,
-    ReadOnly = 8,
-    IoErr = 10,
-    Corrupt = 11,
-    Full = 13,
-    CantOpen = 14,
-    NotADb = 26
-};
-
-int primaryCode(const QSqlError& error) {
-    return error.nativeErrorCode().toInt() & 0xff;
-}
-
 // What went wrong with the original file, in words the user can act on.
 QString sourceProblem(const QString& path, const QSqlError& error) {
-    switch (primaryCode(error)) {
-    case Busy:
-    case Locked:
+    switch (Sql::classify(error)) {
+    case Sql::Refusal::Busy:
         return QStringLiteral("The database \"%1\" is in use by another program. Close it there and try again.")
             .arg(native(path));
-    case Corrupt:
-    case NotADb:
+    case Sql::Refusal::Damaged:
         return QStringLiteral("The file \"%1\" is damaged or is not a database.").arg(native(path));
-    case Perm:
-    case ReadOnly:
-    case CantOpen:
+    case Sql::Refusal::Unavailable:
         return QStringLiteral("The database \"%1\" could not be opened for compacting; check that it can be read "
-                              "and changed.")
+                              "and changed, and that the disk is working.")
             .arg(native(path));
-    case IoErr:
-        return QStringLiteral("The database \"%1\" could not be read because of a disk error.").arg(native(path));
     default:
         return QStringLiteral("The database \"%1\" could not be compacted. %2").arg(native(path), Sql::describe(error));
     }
 }
 
 QString copyProblem(const QString& tempPath, const QSqlError& error) {
-    switch (primaryCode(error)) {
-    case Full:
+    switch (Sql::classify(error)) {
+    case Sql::Refusal::DiskFull:
         return QStringLiteral("There is not enough free disk space for the compacted copy \"%1\".")
             .arg(native(tempPath));
-    case IoErr:
-    case CantOpen:
-    case Perm:
-    case ReadOnly:
+    case Sql::Refusal::Unavailable:
         return QStringLiteral("The compacted copy \"%1\" could not be written.").arg(native(tempPath));
     default:
         return QString();
@@ -109,13 +83,14 @@ public:
     // Runs one statement; the error, if any, is returned (invalid when it worked).
     QSqlError run(const QString& sql, const QVariantList& values = {}) const {
         QSqlQuery query(db());
-        if (!query.prepare(sql))
-            return query.lastError();
-        for (const QVariant& v : values)
-            query.addBindValue(v);
-        if (!query.exec())
-            return query.lastError();
-        return {};
+        if (query.prepare(sql)) {
+            for (const QVariant& v : values)
+                query.addBindValue(v);
+            if (query.exec())
+                return {};
+        }
+        Sql::logFailure(query.lastError(), sql);
+        return query.lastError();
     }
 
 private:

@@ -88,7 +88,7 @@ Schema buildVendorSchema() {
         .AddField(QStringLiteral("note1"), 100, Str, Nul, false, false)
         .AddField(QStringLiteral("note2"), 100, Str, Nul, false, false)
         .AddPrimaryKey(QStringLiteral("orderid"))
-        .AddIndex(QStringLiteral("orderhead_status"), {QStringLiteral("status")});
+        .AddIndex(QStringLiteral("orderhead_status"), {QStringLiteral("status"), QStringLiteral("orderid")});
     // Lines have no key: the same (orderid, line) may appear twice.
     s.AddTable(QStringLiteral("orderline"))
         .AddField(QStringLiteral("orderid"), 10, Str, Nul, false, true)

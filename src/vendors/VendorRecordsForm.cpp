@@ -395,10 +395,7 @@ void VendorRecordsForm::onExit() {
 
 void VendorRecordsForm::onImportReport() {
     AppContext& ctx = context();
-    ctx.FileChooserKind = FileChooser::ReportFiles;
-    FileChooser::choose(ctx);
-    const QString chosen = ctx.ChosenFilePath;
-    ctx.ChosenFilePath.clear();
+    const QString chosen = FileChooser::choose(ctx, FileChooser::ReportFiles).value_or(QString());
     if (chosen.isEmpty())
         return;
     const auto imported = VendorRecords::importReport(chosen, ctx.dataDir(), currentCode(), ctx.prompter());

@@ -63,7 +63,7 @@ QStringList codes(const test::VendorFixture& v) {
 
 } // namespace
 
-class TestImport : public QObject {
+class TestImport : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

@@ -27,7 +27,7 @@ Item item(const QString& code, const QString& descr = QStringLiteral("Thing")) {
 
 } // namespace
 
-class TestItemCore : public QObject {
+class TestItemCore : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

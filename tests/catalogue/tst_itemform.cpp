@@ -109,7 +109,7 @@ public:
 
 } // namespace
 
-class TestItemForm : public QObject {
+class TestItemForm : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

@@ -6,7 +6,7 @@
 
 using namespace ordwell;
 
-class TestRevaluation : public QObject {
+class TestRevaluation : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
@@ -85,6 +85,7 @@ private slots:
         v.addOrder(QStringLiteral("TST2"), QStringLiteral("E"), QStringLiteral("9.99"));
         test::ScriptedPrompter prompter;
         QCOMPARE(RefreshOrderValues(v.db(), prompter), 2);
+        QCOMPARE(prompter.texts(), QStringList{QStringLiteral("2 order values have been updated")});
         QCOMPARE(v.linePrice(QStringLiteral("TST1"), 1), QStringLiteral("7.25"));
         QCOMPARE(v.lineValue(QStringLiteral("TST1"), 1), QStringLiteral("14.50"));
         QCOMPARE(v.total(QStringLiteral("TST1")), QStringLiteral("15.50"));
@@ -106,6 +107,7 @@ private slots:
                   QStringLiteral("12.349"));
         test::ScriptedPrompter prompter;
         QCOMPARE(RefreshOrderValues(v.db(), prompter), 1);
+        QCOMPARE(prompter.texts(), QStringList{QStringLiteral("1 order value has been updated")});
         QCOMPARE(v.amount(QStringLiteral("SELECT price FROM orderline WHERE line = 3")), QStringLiteral("1.23"));
         QCOMPARE(Sql::scalar(v.db(), QStringLiteral("SELECT lineval FROM orderline WHERE line = 3"))->toLongLong(),
                  123490);

@@ -7,7 +7,7 @@
 
 using namespace ordwell;
 
-class TestCommon : public QObject {
+class TestCommon : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

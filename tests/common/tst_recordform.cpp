@@ -88,7 +88,7 @@ struct SampleForm {
 
 } // namespace
 
-class TestRecordForm : public QObject {
+class TestRecordForm : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

@@ -56,7 +56,7 @@ int syssetRows(AppContext& ctx, const char* where = "1 = 1") {
 
 } // namespace
 
-class TestSettings : public QObject {
+class TestSettings : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() {

@@ -11,7 +11,7 @@
 using namespace ordwell;
 
 // What a screen reader hears from the labels that show values: their text, never a fixed name.
-class TestAccessibility : public QObject {
+class TestAccessibility : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QSqlQuery>
 #include <QTest>
@@ -79,7 +80,7 @@ void createDatabaseWithDetails(const TestFolders& folders) {
 
 } // namespace
 
-class TestShell : public QObject {
+class TestShell : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() {
@@ -298,6 +299,7 @@ private slots:
         junk.close();
         ScriptedPrompter prompter;
         Program program(folders.options(), &prompter);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result 26 ")));
         QVERIFY(!program.start());
         QVERIFY(!program.mainWindow());
         QCOMPARE(prompter.texts(),
@@ -390,6 +392,38 @@ private slots:
         QVERIFY(!tc.context().hasSystemDb());
     }
 
+    // A tool window counts itself once, whichever way it goes: through its exit, or torn down
+    // with the program while still open; one never placed never counted.
+    void toolWindowCountAfterDestruction_data() {
+        QTest::addColumn<bool>("begun");
+        QTest::addColumn<bool>("exited");
+        QTest::addColumn<int>("whileAlive");
+        QTest::newRow("destroyed while open") << true << false << 2;
+        QTest::newRow("exited, then destroyed") << true << true << 1;
+        QTest::newRow("never placed") << false << false << 1;
+    }
+
+    void toolWindowCountAfterDestruction() {
+        QFETCH(bool, begun);
+        QFETCH(bool, exited);
+        QFETCH(int, whileAlive);
+        test::TestContext tc;
+        AppContext& ctx = tc.context();
+        DummyTool other(ctx, ToolWindow::Level::System);
+        other.beginToolWindow();
+        {
+            DummyTool tool(ctx, ToolWindow::Level::Vendor);
+            if (begun) {
+                tool.beginToolWindow();
+                tool.beginToolWindow(); // placing twice counts once
+            }
+            if (exited)
+                tool.exit();
+            QCOMPARE(ctx.OpenWindowCount, whileAlive);
+        }
+        QCOMPARE(ctx.OpenWindowCount, 1);
+    }
+
     void fileChooserOffersTheKindsFiltersAndKeepsCancelHarmless() {
         test::TestContext tc;
         AppContext& ctx = tc.context();
@@ -402,14 +436,12 @@ private slots:
         QCOMPARE(FileChooser::requestFor(FileChooser::ReportFiles, ctx.DesktopPath).filters,
                  QStringList{QStringLiteral("Report File (*.rpt)")});
 
-        ctx.FileChooserKind = FileChooser::ReportFiles;
         tc.prompter().queueFile(std::nullopt);
-        FileChooser::choose(ctx);
-        QVERIFY(ctx.ChosenFilePath.isEmpty());
+        QCOMPARE(FileChooser::choose(ctx, FileChooser::ReportFiles), std::nullopt);
         QCOMPARE(ctx.OpenWindowCount, 0);
         tc.prompter().queueFile(QStringLiteral("/tmp/form.rpt"));
-        FileChooser::choose(ctx);
-        QCOMPARE(ctx.ChosenFilePath, QStringLiteral("/tmp/form.rpt"));
+        QCOMPARE(FileChooser::choose(ctx, FileChooser::ReportFiles), std::optional(QStringLiteral("/tmp/form.rpt")));
+        QCOMPARE(tc.prompter().fileRequests.last().filters, QStringList{QStringLiteral("Report File (*.rpt)")});
         QCOMPARE(ctx.OpenWindowCount, 0);
     }
 
@@ -421,7 +453,6 @@ private slots:
         QtPrompter real;
         AppContext ctx(folders.dataDir(), folders.settingsFile(), real);
         ctx.DesktopPath = folders.desktopDir();
-        ctx.FileChooserKind = FileChooser::ReportFiles;
         QString title, directory;
         QStringList filters;
         int fileMode = -1;
@@ -436,12 +467,12 @@ private slots:
             dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("acme.rpt"));
             QMetaObject::invokeMethod(dialog, "accept");
         });
-        FileChooser::choose(ctx);
+        const auto chosen = FileChooser::choose(ctx, FileChooser::ReportFiles);
         QCOMPARE(title, QStringLiteral("Open File"));
         QCOMPARE(directory, folders.desktopDir());
         QCOMPARE(filters, QStringList{QStringLiteral("Report File (*.rpt)")});
         QCOMPARE(fileMode, int(QFileDialog::ExistingFile));
-        QCOMPARE(ctx.ChosenFilePath, report.fileName());
+        QCOMPARE(chosen, std::optional(report.fileName()));
         QCOMPARE(ctx.OpenWindowCount, 0);
     }
 

@@ -5,6 +5,7 @@
 #include "support/TestSupport.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlRecord>
 #include <QTest>
 
@@ -30,7 +31,7 @@ QVariantList sysset(const QString& location) {
 }
 } // namespace
 
-class TestStore : public QObject {
+class TestStore : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
@@ -38,52 +39,56 @@ private slots:
     void newSystemDatabaseHasBothTablesEmpty() {
         test::TestFolders folders;
         QVERIFY(Store::CreateSystemDatabase(folders.dataDir()));
-        auto db = Store::OpenSystemDatabase(folders.dataDir());
-        QVERIFY(db);
-        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM Sysset")).value().toInt(), 0);
-        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM vendors")).value().toInt(), 0);
-        QVERIFY(!Store::HasOrganisationDetails(*db));
-        const QSqlRecord fields = db->record(QStringLiteral("Sysset"));
-        QCOMPARE(fields.count(), 11);
-        QCOMPARE(fields.fieldName(0), QStringLiteral("location"));
-        QCOMPARE(fields.fieldName(10), QStringLiteral("email"));
-        // A second creation over the existing file is refused and the file is kept.
-        QVERIFY(!Store::CreateSystemDatabase(folders.dataDir()));
+        {
+            auto db = Store::OpenSystemDatabase(folders.dataDir());
+            QVERIFY(db);
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM Sysset")).value().toInt(), 0);
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM vendors")).value().toInt(), 0);
+            QVERIFY(!Store::HasOrganisationDetails(*db));
+            const QSqlRecord fields = db->record(QStringLiteral("Sysset"));
+            QCOMPARE(fields.count(), 11);
+            QCOMPARE(fields.fieldName(0), QStringLiteral("location"));
+            QCOMPARE(fields.fieldName(10), QStringLiteral("email"));
+            // A second creation over the existing file is refused and the file is kept.
+            QVERIFY(!Store::CreateSystemDatabase(folders.dataDir()));
+        } // the connection is closed only once nothing uses it
         DatabaseFile::close(Store::SystemConnection);
     }
 
     void systemDatabaseRefusesBadRows() {
         test::TestFolders folders;
         QVERIFY(Store::CreateSystemDatabase(folders.dataDir()));
-        auto db = Store::OpenSystemDatabase(folders.dataDir());
-        QVERIFY(db);
-        Sql::Refusal why = Sql::Refusal::None;
-        QVERIFY(Sql::run(*db, Ins, sysset(QStringLiteral("Acme")), &why));
-        QVERIFY(Store::HasOrganisationDetails(*db));
+        {
+            auto db = Store::OpenSystemDatabase(folders.dataDir());
+            QVERIFY(db);
+            Sql::Refusal why = Sql::Refusal::None;
+            QVERIFY(Sql::run(*db, Ins, sysset(QStringLiteral("Acme")), &why));
+            QVERIFY(Store::HasOrganisationDetails(*db));
 
-        QVERIFY(!Sql::run(*db, Ins, sysset(QStringLiteral("ACME")), &why)); // keys ignore case
-        QCOMPARE(why, Sql::Refusal::Duplicate);
-        QVERIFY(!Sql::run(*db, Ins, sysset(QString(51, QLatin1Char('x'))), &why));
-        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
-        QVERIFY(Sql::run(*db, Ins, sysset(QString(50, QLatin1Char('y'))), &why));
+            QVERIFY(!Sql::run(*db, Ins, sysset(QStringLiteral("ACME")), &why)); // keys ignore case
+            QCOMPARE(why, Sql::Refusal::Duplicate);
+            QVERIFY(!Sql::run(*db, Ins, sysset(QString(51, QLatin1Char('x'))), &why));
+            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+            QVERIFY(Sql::run(*db, Ins, sysset(QString(50, QLatin1Char('y'))), &why));
 
-        const int required[] = {0, 2, 5, 6, 7, 8, 10};
-        for (int column : required) {
-            QVariantList row = sysset(QStringLiteral("Org %1").arg(column));
-            row[column] = QVariant();
-            QVERIFY2(!Sql::run(*db, Ins, row, &why), qPrintable(QString::number(column)));
-            QCOMPARE(why, Sql::Refusal::Missing);
-        }
+            const int required[] = {0, 2, 5, 6, 7, 8, 10};
+            for (int column : required) {
+                QVariantList row = sysset(QStringLiteral("Org %1").arg(column));
+                row[column] = QVariant();
+                QVERIFY2(!Sql::run(*db, Ins, row, &why), qPrintable(QString::number(column)));
+                QCOMPARE(why, Sql::Refusal::Missing);
+            }
 
-        const QString vendor = QStringLiteral("INSERT INTO vendors (vendor, code, status) VALUES (?,?,?)");
-        QVERIFY(
-            Sql::run(*db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("OBS"), QStringLiteral("A")}));
-        QVERIFY(!Sql::run(*db, vendor,
-                          {QStringLiteral("O'Brien's Supplies"), QStringLiteral("XYZ"), QStringLiteral("A")}, &why));
-        QCOMPARE(why, Sql::Refusal::Duplicate);
-        QVERIFY(!Sql::run(*db, vendor, {QStringLiteral("Long Code Ltd"), QStringLiteral("ABCDE"), QStringLiteral("A")},
-                          &why));
-        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+            const QString vendor = QStringLiteral("INSERT INTO vendors (vendor, code, status) VALUES (?,?,?)");
+            QVERIFY(Sql::run(*db, vendor,
+                             {QStringLiteral("O'Brien's Supplies"), QStringLiteral("OBS"), QStringLiteral("A")}));
+            QVERIFY(!Sql::run(
+                *db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("XYZ"), QStringLiteral("A")}, &why));
+            QCOMPARE(why, Sql::Refusal::Duplicate);
+            QVERIFY(!Sql::run(*db, vendor,
+                              {QStringLiteral("Long Code Ltd"), QStringLiteral("ABCDE"), QStringLiteral("A")}, &why));
+            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+        } // the connection is closed only once nothing uses it
         DatabaseFile::close(Store::SystemConnection);
     }
 
@@ -91,69 +96,72 @@ private slots:
         test::TestFolders folders;
         QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral(" ABC ")));
         QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("ABCvendor.mdb"))));
-        auto db = Store::OpenVendorDatabase(folders.dataDir(), Store::vendorFileName(QStringLiteral("ABC")));
-        QVERIFY(db);
-        for (const QString& table : {QStringLiteral("vendor"), QStringLiteral("barcodes"), QStringLiteral("items"),
-                                     QStringLiteral("orderhead"), QStringLiteral("orderline")}) {
-            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM ") + table).value().toInt(), 0);
-        }
-        QCOMPARE(db->record(QStringLiteral("vendor")).count(), 17);
-        QCOMPARE(db->record(QStringLiteral("orderhead")).count(), 13);
-        QCOMPARE(db->record(QStringLiteral("orderline")).count(), 10);
+        {
+            auto db = Store::OpenVendorDatabase(folders.dataDir(), Store::vendorFileName(QStringLiteral("ABC")));
+            QVERIFY(db);
+            for (const QString& table : {QStringLiteral("vendor"), QStringLiteral("barcodes"), QStringLiteral("items"),
+                                         QStringLiteral("orderhead"), QStringLiteral("orderline")}) {
+                QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM ") + table).value().toInt(), 0);
+            }
+            QCOMPARE(db->record(QStringLiteral("vendor")).count(), 17);
+            QCOMPARE(db->record(QStringLiteral("orderhead")).count(), 13);
+            QCOMPARE(db->record(QStringLiteral("orderline")).count(), 10);
 
-        // Rule numbers come from a counter starting at 1.
-        const QString rule =
-            QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)");
-        QVERIFY(Sql::run(*db, rule, {QStringLiteral("99"), 2, 1, QStringLiteral("A")}));
-        QVERIFY(Sql::run(*db, rule, {QStringLiteral("98"), 0, 0, QStringLiteral("A")}));
-        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT min(codenum) FROM barcodes")).value().toInt(), 1);
-        QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT max(codenum) FROM barcodes")).value().toInt(), 2);
+            // Rule numbers come from a counter starting at 1.
+            const QString rule =
+                QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)");
+            QVERIFY(Sql::run(*db, rule, {QStringLiteral("99"), 2, 1, QStringLiteral("A")}));
+            QVERIFY(Sql::run(*db, rule, {QStringLiteral("98"), 0, 0, QStringLiteral("A")}));
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT min(codenum) FROM barcodes")).value().toInt(), 1);
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT max(codenum) FROM barcodes")).value().toInt(), 2);
 
-        // Lines have no key: the same order and line number may be stored twice.
-        const QString line = QStringLiteral(
-            "INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty) "
-            "VALUES (?,?,?,?,?,?,?,?,?)");
-        const QVariantList l = {QStringLiteral("ABC1000000"),
-                                1,
-                                QStringLiteral("X1"),
-                                QStringLiteral("2026-11-23"),
-                                QStringLiteral("L"),
-                                2,
-                                15000,
-                                30000,
-                                0};
-        const Status first = Sql::run(*db, line, l);
-        QVERIFY2(first, qPrintable(first.message()));
-        QVERIFY(Sql::run(*db, line, l));
+            // Lines have no key: the same order and line number may be stored twice.
+            const QString line = QStringLiteral(
+                "INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty) "
+                "VALUES (?,?,?,?,?,?,?,?,?)");
+            const QVariantList l = {QStringLiteral("ABC1000000"),
+                                    1,
+                                    QStringLiteral("X1"),
+                                    QStringLiteral("2026-11-23"),
+                                    QStringLiteral("L"),
+                                    2,
+                                    15000,
+                                    30000,
+                                    0};
+            const Status first = Sql::run(*db, line, l);
+            QVERIFY2(first, qPrintable(first.message()));
+            QVERIFY(Sql::run(*db, line, l));
 
-        Sql::Refusal why = Sql::Refusal::None;
-        const QString item =
-            QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)");
-        QVERIFY(Sql::run(
-            *db, item,
-            {QString(25, QLatin1Char('A')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}));
-        QVERIFY(!Sql::run(
-            *db, item,
-            {QString(26, QLatin1Char('B')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")},
-            &why));
-        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
-        QVERIFY(!Sql::run(*db, item,
-                          {QStringLiteral("C1"), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("not a date")},
-                          &why));
-        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
-        QVERIFY(!Sql::run(*db, item, {QStringLiteral("C2"), QStringLiteral("Widget"), 1, 1, 10000, QVariant()}, &why));
-        QCOMPARE(why, Sql::Refusal::Missing);
+            Sql::Refusal why = Sql::Refusal::None;
+            const QString item = QStringLiteral(
+                "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)");
+            QVERIFY(Sql::run(
+                *db, item,
+                {QString(25, QLatin1Char('A')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}));
+            QVERIFY(!Sql::run(
+                *db, item,
+                {QString(26, QLatin1Char('B')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")},
+                &why));
+            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+            QVERIFY(!Sql::run(
+                *db, item, {QStringLiteral("C1"), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("not a date")},
+                &why));
+            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+            QVERIFY(
+                !Sql::run(*db, item, {QStringLiteral("C2"), QStringLiteral("Widget"), 1, 1, 10000, QVariant()}, &why));
+            QCOMPARE(why, Sql::Refusal::Missing);
 
-        const QString head =
-            QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, status, totalval) VALUES (?,?,?,?,?)");
-        QVERIFY(Sql::run(*db, head,
-                         {QStringLiteral("ABC1000000"), QStringLiteral("2026-11-23"), QString(28, QLatin1Char('n')),
-                          QStringLiteral("L"), 0}));
-        QVERIFY(!Sql::run(*db, head,
-                          {QStringLiteral("ABC1000001"), QStringLiteral("2026-11-23"), QString(29, QLatin1Char('n')),
-                           QStringLiteral("L"), 0},
-                          &why));
-        QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+            const QString head =
+                QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, status, totalval) VALUES (?,?,?,?,?)");
+            QVERIFY(Sql::run(*db, head,
+                             {QStringLiteral("ABC1000000"), QStringLiteral("2026-11-23"), QString(28, QLatin1Char('n')),
+                              QStringLiteral("L"), 0}));
+            QVERIFY(!Sql::run(*db, head,
+                              {QStringLiteral("ABC1000001"), QStringLiteral("2026-11-23"),
+                               QString(29, QLatin1Char('n')), QStringLiteral("L"), 0},
+                              &why));
+            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+        } // the connection is closed only once nothing uses it
         DatabaseFile::close(Store::VendorConnection);
     }
 
@@ -167,8 +175,94 @@ private slots:
         QVERIFY(junk.open(QIODevice::WriteOnly));
         junk.write(QByteArray(4096, 'x'));
         junk.close();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result 26 ")));
         QVERIFY(!Store::OpenSystemDatabase(folders.dataDir()));
         QVERIFY(!DatabaseFile::isOpen(Store::SystemConnection));
+    }
+
+    // Failures are told apart by SQLite's result code, whatever words its message uses, and
+    // those that are not the user's to mend are logged as warnings.
+    void failuresAreToldApartByResultCode_data() {
+        QTest::addColumn<QString>("situation");
+        QTest::addColumn<int>("refusal");
+        QTest::addColumn<QString>("saying");
+        QTest::addColumn<int>("code");
+        QTest::newRow("another connection writes")
+            << "busy" << int(Sql::Refusal::Busy) << "in use by another program" << 5;
+        QTest::newRow("not a database") << "junk" << int(Sql::Refusal::Damaged) << "damaged" << 26;
+        QTest::newRow("opened read-only")
+            << "readonly" << int(Sql::Refusal::Unavailable) << "could not be read or changed" << 8;
+    }
+
+    void failuresAreToldApartByResultCode() {
+        QFETCH(QString, situation);
+        QFETCH(int, refusal);
+        QFETCH(QString, saying);
+        QFETCH(int, code);
+        test::TestFolders folders;
+        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("ABC")));
+        const QString path = folders.dataFile(QStringLiteral("ABCvendor.mdb"));
+        if (situation == QLatin1String("junk"))
+            QVERIFY(test::writeFile(path, QByteArray(4096, 'x')));
+        {
+            QSqlDatabase holder = DatabaseFile::addConnection(QStringLiteral("holder"), path, false);
+            QVERIFY(holder.open());
+            if (situation == QLatin1String("busy"))
+                QVERIFY(Sql::run(holder, QStringLiteral("BEGIN IMMEDIATE")));
+            QSqlDatabase writer =
+                DatabaseFile::addConnection(QStringLiteral("writer"), path, situation == QLatin1String("readonly"));
+            // No waiting for the holder to finish: the test wants the refusal, not the wait.
+            writer.setConnectOptions(writer.connectOptions().replace(QStringLiteral("=2000"), QStringLiteral("=0")));
+            QVERIFY(writer.open());
+
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result %1 ").arg(code)));
+            Sql::Refusal why = Sql::Refusal::None;
+            const Status written = Sql::run(writer,
+                                            QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, "
+                                                           "price, priceexp) VALUES ('A1', 'Apple', 1, 1, 0, "
+                                                           "'2030-01-01')"),
+                                            {}, &why);
+            QVERIFY(!written);
+            QCOMPARE(int(why), refusal);
+            QVERIFY2(written.message().contains(saying), qPrintable(written.message()));
+            QVERIFY(!written.message().contains(QLatin1String("SQLite")));
+        }
+        DatabaseFile::close(QStringLiteral("writer"));
+        DatabaseFile::close(QStringLiteral("holder"));
+    }
+
+    // A statement is prepared once and runs again with new values, rows and refusals included.
+    void preparedStatementRunsAgainWithNewValues() {
+        test::TestFolders folders;
+        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("ABC")));
+        {
+            auto db = Store::OpenVendorDatabase(folders.dataDir(), Store::vendorFileName(QStringLiteral("ABC")));
+            QVERIFY(db);
+            {
+                Sql::Statement insert(*db, QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, "
+                                                          "priceexp) VALUES (?, ?, 1, 1, ?, '2030-01-01')"));
+                Sql::Statement lookUp(*db, QStringLiteral("SELECT descr, price FROM items WHERE code = ?"));
+                QVERIFY(insert.exec({QStringLiteral("A1"), QStringLiteral("Apple"), 150}));
+                QVERIFY(insert.exec({QStringLiteral("B2"), QStringLiteral("O'Brien's pear"), 275}));
+                const Status again = insert.exec({QStringLiteral("a1"), QStringLiteral("Apple pie"), 1});
+                QVERIFY(!again);
+                QCOMPARE(insert.refusal(), Sql::Refusal::Duplicate);
+                QVERIFY(insert.exec({QStringLiteral("C3"), QStringLiteral("Cherry"), 5}));
+                QCOMPARE(insert.refusal(), Sql::Refusal::None);
+
+                for (const auto& [code, descr, price] :
+                     {std::tuple{"B2", "O'Brien's pear", 275}, {"A1", "Apple", 150}}) {
+                    QVERIFY(lookUp.exec({QString::fromLatin1(code)}));
+                    QVERIFY(lookUp.query().next());
+                    QCOMPARE(lookUp.query().value(0).toString(), QString::fromLatin1(descr));
+                    QCOMPARE(lookUp.query().value(1).toInt(), price);
+                }
+                QVERIFY(lookUp.exec({QStringLiteral("ZZ")}));
+                QVERIFY(!lookUp.query().next());
+            }
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM items")).value().toInt(), 3);
+        } // the connection is closed only once nothing uses it
+        DatabaseFile::close(Store::VendorConnection);
     }
 };
 

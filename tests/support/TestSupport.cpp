@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTest>
@@ -25,7 +26,8 @@ QtMessageHandler previousHandler = nullptr;
 
 // The offscreen platform's complaint about size hints is noise in every window test.
 void quietHandler(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (message.contains(QLatin1String("propagateSizeHints")) || message.contains(QLatin1String("XDG_RUNTIME_DIR")))
+    if (message.contains(QLatin1String("propagateSizeHints")) || message.contains(QLatin1String("XDG_RUNTIME_DIR")) ||
+        message.contains(QLatin1String("does not support raise()")))
         return;
     if (previousHandler)
         previousHandler(type, context, message);
@@ -38,6 +40,16 @@ void initTestEnvironment() {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     QApplication::setOrganizationName(QStringLiteral("OrdwellTests"));
     QApplication::setApplicationName(QStringLiteral("OrdwellTests"));
+}
+
+void beginStrictTest() {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+}
+
+void endStrictTest() {
+    const QStringList surprises = ScriptedPrompter::takeAllSurprises();
+    if (!surprises.isEmpty())
+        QFAIL(qPrintable(surprises.join(QLatin1Char('\n'))));
 }
 
 TestFolders::TestFolders() {

@@ -21,6 +21,24 @@ namespace ordwell::test {
 // Fixes the locale every test expects (en_GB) and keeps tests out of the real settings.
 void initTestEnvironment();
 
+// Makes the running test function fail on any Qt warning (a test that provokes one on purpose
+// says so with QTest::ignoreMessage).
+void beginStrictTest();
+// Fails the running test function when something was shown that it did not expect: a message
+// nothing looked at, a question or file dialog with no answer scripted, or an answer scripted
+// for a question that never came.
+void endStrictTest();
+
+// The base of every test class: its init() and cleanup() make each test function strict as
+// above. A class with an init() or cleanup() of its own calls the two functions from them.
+class StrictTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { beginStrictTest(); }
+    void cleanup() { endStrictTest(); }
+};
+
 // A fresh data folder, desktop folder and settings file, removed afterwards.
 class TestFolders {
 public:

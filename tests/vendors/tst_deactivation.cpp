@@ -84,7 +84,7 @@ public:
 
 } // namespace
 
-class TestDeactivation : public QObject {
+class TestDeactivation : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

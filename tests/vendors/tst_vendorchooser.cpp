@@ -101,7 +101,7 @@ public:
 
 } // namespace
 
-class TestVendorChooser : public QObject {
+class TestVendorChooser : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

@@ -1,0 +1,131 @@
+#include "FindListModel.h"
+
+#include "common/Sql.h"
+
+#include <QLoggingCategory>
+
+namespace ordwell {
+
+namespace {
+Q_LOGGING_CATEGORY(lcFind, "ordwell.find", QtWarningMsg)
+
+QString quoted(const QString& identifier) {
+    return QLatin1Char('"') + identifier + QLatin1Char('"');
+}
+} // namespace
+
+FindListModel::FindListModel(QSqlDatabase db, FindQuery query, QObject* parent)
+    : QAbstractListModel(parent), m_db(std::move(db)), m_query(std::move(query)), m_blockQuery(m_db), m_rowQuery(m_db) {
+}
+
+Status FindListModel::open() {
+    const QString table = quoted(m_query.table);
+    const QString column = quoted(m_query.column);
+    auto count = Sql::scalar(m_db, QStringLiteral("SELECT count(*) FROM %1").arg(table));
+    if (!count)
+        return count.status();
+    auto nulls = Sql::scalar(m_db, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 IS NULL").arg(table, column));
+    if (!nulls)
+        return nulls.status();
+    // Both run often (while scrolling, on every typed character): prepared once. The order is
+    // the one the column's index keeps, so nothing is sorted.
+    struct Statement {
+        QSqlQuery& query;
+        QString text;
+    };
+    const Statement statements[] = {
+        {m_blockQuery, QStringLiteral("SELECT %1 FROM %2 ORDER BY %1 COLLATE NOCASE LIMIT ? OFFSET ?")},
+        {m_rowQuery, QStringLiteral("SELECT count(*) FROM %2 WHERE %1 < ? COLLATE NOCASE")},
+    };
+    for (const Statement& s : statements) {
+        s.query.setForwardOnly(true);
+        if (!s.query.prepare(s.text.arg(column, table)))
+            return Status::fail(Sql::describe(s.query.lastError()));
+    }
+    beginResetModel();
+    m_blocks.clear();
+    m_recent.clear();
+    m_count = count->toInt();
+    m_nullCount = nulls->toInt();
+    endResetModel();
+    return Status::ok();
+}
+
+int FindListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : m_count;
+}
+
+const QList<QString>& FindListModel::block(int blockIndex) const {
+    auto found = m_blocks.find(blockIndex);
+    if (found != m_blocks.end()) {
+        m_recent.removeOne(blockIndex);
+        m_recent.append(blockIndex);
+        return *found;
+    }
+    QList<QString> rows;
+    rows.reserve(BlockRows);
+    m_blockQuery.bindValue(0, BlockRows);
+    m_blockQuery.bindValue(1, blockIndex * BlockRows);
+    if (m_blockQuery.exec()) {
+        while (m_blockQuery.next())
+            rows.append(m_blockQuery.isNull(0) ? QString() : m_blockQuery.value(0).toString());
+    } else {
+        qCWarning(lcFind) << "reading the list failed:" << m_blockQuery.lastError().text();
+    }
+    m_blockQuery.finish();
+    if (m_recent.size() >= MaxBlocks)
+        m_blocks.remove(m_recent.takeFirst());
+    m_recent.append(blockIndex);
+    return *m_blocks.insert(blockIndex, rows);
+}
+
+QString FindListModel::textAt(int row) const {
+    if (row < 0 || row >= m_count)
+        return {};
+    return block(row / BlockRows).value(row % BlockRows);
+}
+
+QVariant FindListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
+        return {};
+    return textAt(index.row());
+}
+
+int FindListModel::rowsHeld() const {
+    int rows = 0;
+    for (const QList<QString>& b : m_blocks)
+        rows += b.size();
+    return rows;
+}
+
+bool FindListModel::startsWith(int row, const QString& prefix) const {
+    return row >= 0 && row < m_count && textAt(row).startsWith(prefix, Qt::CaseInsensitive);
+}
+
+int FindListModel::rowOf(const QString& text) const {
+    int row = m_count;
+    m_rowQuery.bindValue(0, text);
+    if (m_rowQuery.exec() && m_rowQuery.next())
+        row = m_nullCount + m_rowQuery.value(0).toInt();
+    m_rowQuery.finish();
+    return row;
+}
+
+int FindListModel::rowForPrefix(const QString& prefix, int current) const {
+    if (m_count == 0)
+        return current;
+    // Every entry begins with the empty text, so it picks the second.
+    if (prefix.isEmpty())
+        return m_count > 1 ? 1 : 0;
+    // Compared without regard to case, the entries beginning with the text sit together, from the
+    // first one not below it.
+    const int first = rowOf(prefix);
+    if (!startsWith(first, prefix))
+        return current;
+    if (first > 0)
+        return first;
+    // The first entry is chosen only when no later one begins with the text.
+    return startsWith(1, prefix) ? 1 : 0;
+}
+
+} // namespace ordwell

@@ -1,0 +1,252 @@
+// The order form's modes, its main button row and the routines every part of it shares.
+#include "orders/OrderForm.h"
+
+#include "common/FormHelpers.h"
+#include "orders/OrderWords.h"
+#include "shell/MenuMasks.h"
+#include "vendors/VendorSession.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTableWidget>
+
+namespace ordwell {
+
+OrderForm::OrderForm(AppContext& context, QWidget* parent) : ToolWindow(context, Level::Vendor, parent) {
+    setObjectName(QStringLiteral("frmorder"));
+    setWindowTitle(QStringLiteral("Order Form"));
+    buildControls();
+    connectControls();
+    installOrderFormHooks(m_hooks);
+    // Until a mode has been carried out the form shows nothing to work on.
+    ShowNavigationBar(false);
+    ShowReceiveControls(false);
+    ShowEntryRow(false);
+    ShowStartOrder(false);
+    ShowEditOrder(false);
+    ShowCancelOrder(false);
+    LockHeader(true);
+    SetGridTabStop(false);
+}
+
+OrderForm::~OrderForm() = default;
+
+QString OrderForm::vendorCode() const {
+    return context().vendorSession().code();
+}
+
+QSqlDatabase OrderForm::vendorDb() const {
+    return context().vendorSession().db();
+}
+
+void OrderForm::connectControls() {
+    for (int i = 0; i < 6; ++i)
+        connect(m_ui.cmdbutton[i], &QPushButton::clicked, this, [this, i] { cmdbutton_Click(i); });
+    for (int i = 0; i < 5; ++i)
+        connect(m_ui.cmdnavbutton[i], &QPushButton::clicked, this, [this, i] {
+            if (m_hooks.cmdnavbutton_Click)
+                m_hooks.cmdnavbutton_Click(*this, i);
+        });
+    auto hook = [this](QPushButton* button, std::function<void(OrderForm&)> OrderFormHooks::*member) {
+        connect(button, &QPushButton::clicked, this, [this, member] {
+            if (m_hooks.*member)
+                (m_hooks.*member)(*this);
+        });
+    };
+    hook(m_ui.cmdcancelld, &OrderFormHooks::cmdcancelld_Click);
+    hook(m_ui.cmdcancelord, &OrderFormHooks::cmdcancelord_Click);
+    hook(m_ui.cmdrecv, &OrderFormHooks::cmdrecv_Click);
+    connect(m_ui.cmdstartorder, &QPushButton::clicked, this, &OrderForm::cmdstartorder_Click);
+    connect(m_ui.cmdedit, &QPushButton::clicked, this, &OrderForm::cmdedit_Click);
+    connect(m_ui.cmdfinditem, &QPushButton::clicked, this, &OrderForm::FindItemByDescription);
+    connect(m_ui.flxitems, &QTableWidget::cellDoubleClicked, this, [this] { LineRowChosen(); });
+    for (QLineEdit* box : m_ui.txtheader)
+        box->installEventFilter(this);
+    for (QLineEdit* box : m_ui.txtitem)
+        box->installEventFilter(this);
+    m_ui.txtrcvqty->installEventFilter(this);
+    m_ui.flxitems->installEventFilter(this);
+}
+
+bool OrderForm::event(QEvent* event) {
+    // Inside the main window the frame tells when the form becomes the active window; on its
+    // own the form is told directly.
+    if (event->type() == QEvent::ParentChange && !m_watchingFrame) {
+        if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+            m_watchingFrame = true;
+            connect(frame, &QMdiSubWindow::windowStateChanged, this,
+                    [this](Qt::WindowStates before, Qt::WindowStates now) {
+                        if (now.testFlag(Qt::WindowActive) && !before.testFlag(Qt::WindowActive))
+                            onActivated();
+                    });
+        }
+    }
+    if (event->type() == QEvent::WindowActivate && !m_watchingFrame)
+        onActivated();
+    return ToolWindow::event(event);
+}
+
+void OrderForm::onActivated() {
+    if (ActivatedOnce)
+        return;
+    SetupLineGrid();
+    DispatchMode();
+    ActivatedOnce = true;
+}
+
+bool OrderForm::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return ToolWindow::eventFilter(watched, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    for (int i = 0; i < 8; ++i)
+        if (watched == m_ui.txtheader[i])
+            return txtheader_KeyPress(i, key);
+    for (int i = 0; i < 5; ++i)
+        if (watched == m_ui.txtitem[i])
+            return txtitem_KeyPress(i, key);
+    if (watched == m_ui.txtrcvqty)
+        return m_hooks.txtrcvqty_KeyPress && m_hooks.txtrcvqty_KeyPress(*this, key);
+    if (watched == m_ui.flxitems && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+        // The keyboard's way of double-clicking the current row.
+        LineRowChosen();
+        return true;
+    }
+    return ToolWindow::eventFilter(watched, event);
+}
+
+void OrderForm::DispatchMode() {
+    if (OrderMode == OrderMode::New) {
+        BeginNewOrder();
+        return;
+    }
+    const std::pair<const QString*, std::function<void(OrderForm&)> OrderFormHooks::*> steps[] = {
+        {&OrderMode::Load, &OrderFormHooks::BeginLoadOrder},
+        {&OrderMode::Print, &OrderFormHooks::BeginPrintOrder},
+        {&OrderMode::Export, &OrderFormHooks::BeginExportOrder},
+        {&OrderMode::Receive, &OrderFormHooks::BeginReceiveOrder},
+        {&OrderMode::Live, &OrderFormHooks::BeginLiveOrder},
+    };
+    for (const auto& [word, step] : steps) {
+        if (OrderMode == *word) {
+            if (m_hooks.*step)
+                (m_hooks.*step)(*this);
+            return;
+        }
+    }
+}
+
+void OrderForm::cmdbutton_Click(int index) {
+    switch (index) {
+    case MainButton::NewOrder:
+        FinishShownOrder();
+        ResetToIdle();
+        OrderMode = OrderMode::New;
+        break;
+    case MainButton::LoadOrder:
+        FinishShownOrder();
+        ResetToIdle();
+        OrderMode = OrderMode::Load;
+        break;
+    // The shown order stays, so the mode can offer it directly.
+    case MainButton::PrintOrder:
+        OrderMode = OrderMode::Print;
+        break;
+    case MainButton::ExportOrder:
+        OrderMode = OrderMode::Export;
+        break;
+    case MainButton::ReceiveOrder:
+        OrderMode = OrderMode::Receive;
+        break;
+    case MainButton::Exit:
+        ExitOrderForm();
+        break;
+    default:
+        return;
+    }
+    DispatchMode();
+}
+
+void OrderForm::FinishShownOrder() {
+    if (m_ui.txtheader[Header::OrderNumber]->text().isEmpty())
+        return;
+    const QString status = ReadOrderStatus();
+    if (status == OrderStatus::Live) {
+        SetOrderStatus(m_ui.txtheader[Header::OrderNumber]->text(), OrderStatus::Entered);
+        CloseOrderLines();
+        SetLineStatus(OrderStatus::Entered);
+    } else if (status == OrderStatus::Printed || status == OrderStatus::Exported ||
+               status == OrderStatus::PartReceived) {
+        CloseOrderLines();
+    }
+}
+
+QString OrderForm::ReadOrderStatus() {
+    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    if (number.isEmpty())
+        return {};
+    const auto status = orders().ReadOrderStatus(number);
+    if (!status) {
+        reportFailure(QStringLiteral("The order's status could not be read."), status.message());
+        return {};
+    }
+    return *status;
+}
+
+void OrderForm::SetOrderStatus(const QString& orderNumber, const QString& letter) {
+    const Status done = orders().SetOrderStatus(orderNumber, letter, shownTotal());
+    if (!done)
+        reportFailure(QStringLiteral("The order's status could not be stored."), done.message());
+}
+
+void OrderForm::SetLineStatus(const QString& letter) {
+    const Status done = orders().SetLineStatus(m_ui.txtheader[Header::OrderNumber]->text(), letter);
+    if (!done)
+        reportFailure(QStringLiteral("The status of the order's lines could not be stored."), done.message());
+}
+
+void OrderForm::ResetToIdle() {
+    m_ui.lblinfo->clear();
+    for (QLineEdit* box : m_ui.txtheader)
+        box->clear();
+    m_ui.chkunknown->setChecked(false);
+    ClearLineGrid();
+    for (QLineEdit* box : m_ui.txtitem)
+        box->clear();
+    LockHeader(true);
+    LockEntryRow(true);
+    ShowStartOrder(false);
+    ShowEditOrder(false);
+    ShowCancelOrder(false);
+    ShowEntryRow(false);
+    ShowNavigationBar(false);
+    ShowReceiveControls(false);
+    SetGridTabStop(false);
+    focusOn(m_ui.cmdbutton[MainButton::NewOrder]);
+}
+
+void OrderForm::ExitOrderForm() {
+    if (!m_ui.txtheader[Header::OrderNumber]->text().isEmpty())
+        FinishShownOrder();
+    if (ItemsOpen)
+        CloseItems();
+    if (LinesOpen)
+        CloseOrderLines();
+    OrderMode.clear();
+    RulesLoaded = false;
+    ItemsOpen = false;
+    ActivatedOnce = false;
+    // Uncounts the window, restores the vendor's menus and unloads the form.
+    finishToolWindow();
+}
+
+void OrderForm::reportFailure(const QString& what, const QString& why) {
+    context().prompter().message(why.isEmpty() ? what : what + QLatin1Char('\n') + why, QString(),
+                                 MessageIcon::Critical);
+}
+
+} // namespace ordwell

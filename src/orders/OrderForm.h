@@ -1,0 +1,142 @@
+#pragma once
+
+#include "common/Money.h"
+#include "orders/BarcodeResolver.h"
+#include "orders/ItemCatalogue.h"
+#include "orders/OrderFormControls.h"
+#include "orders/OrderFormHooks.h"
+#include "orders/OrderLineBook.h"
+#include "orders/OrderRepository.h"
+#include "shell/ToolWindow.h"
+
+#include <QString>
+#include <memory>
+#include <optional>
+
+class QKeyEvent;
+
+namespace ordwell {
+
+// frmorder: where orders are started, filled line by line, and taken through their lives.
+// The form's routines are split by concern over this one class (OrderForm*.cpp); the steps of
+// the lists, cancellation, printing, export and receiving come in through `hooks()`.
+class OrderForm : public ToolWindow {
+    Q_OBJECT
+public:
+    explicit OrderForm(AppContext& context, QWidget* parent = nullptr);
+    ~OrderForm() override;
+
+    // The form's one public operation: the mode the next (first) activation carries out.
+    void SetOrderMode(const QString& mode) { OrderMode = mode; }
+
+    OrderFormControls& ui() { return m_ui; }
+    OrderFormHooks& hooks() { return m_hooks; }
+    AppContext& appContext() const { return context(); }
+    QString vendorCode() const;
+    QSqlDatabase vendorDb() const;
+    OrderRepository orders() const { return OrderRepository(vendorDb()); }
+    OrderLineBook* lineBook() const { return m_lines.get(); }
+
+    // Modes and shared routines.
+    void DispatchMode();
+    void cmdbutton_Click(int index);
+    void FinishShownOrder();
+    QString ReadOrderStatus();
+    void SetOrderStatus(const QString& orderNumber, const QString& letter);
+    void SetLineStatus(const QString& letter);
+    void ResetToIdle();
+    void ExitOrderForm();
+
+    // Screen-state routines: each sets exactly what it names.
+    void ShowNavigationBar(bool on);
+    void ShowEntryRow(bool on);
+    void ShowReceiveControls(bool on);
+    void ShowStartOrder(bool on);
+    void ShowEditOrder(bool on);
+    void ShowFindItem(bool on);
+    void ShowCancelOrder(bool on);
+    void EnableStartOrder(bool on);
+    void EnableEditOrder(bool on);
+    void EnableSaveUnknown(bool on);
+    void EnableCancelOrder(bool on);
+    void EnableMainButtons(bool on);
+    void SetGridTabStop(bool on);
+    void LockHeader(bool locked);
+    void LockEntryRow(bool locked);
+
+    // The header.
+    void BeginNewOrder();
+    void ShowNewHeader();
+    QString NextOrderNumber();
+    void SaveOrderHeader(const QString& kind);
+    void cmdstartorder_Click();
+    void cmdedit_Click();
+    OrderHeaderFields shownHeader() const;
+    Money shownTotal() const;
+    void showTotal(Money total);
+
+    // The lines.
+    void SetupLineGrid();
+    void ClearLineGrid();
+    void ShowLineRow(int row, const QString& code, const QString& description, int quantity, Money price, int pack,
+                     const QString& status);
+    void LoadOrderLines();
+    void OpenOrderLines();
+    void CloseOrderLines();
+    void OpenItems();
+    void CloseItems();
+    void AddOrUpdateLine();
+    void LineRowChosen();
+
+    // Item entry.
+    void LoadBarcodeRules();
+    void ResolveItemCode();
+    void FillFromItem(const CatalogueItem& item);
+    void PromptUnknownItem();
+    bool ValidateUnknownItem();
+    void SaveUnknownItem();
+    void ClearItemEntry();
+    void ReadyForNextItem();
+    void UnknownItemState();
+    void QuantityState();
+    void FindItemByDescription();
+
+    // The form's state.
+    QString OrderMode;
+    bool ItemsOpen = false;
+    bool RulesLoaded = false;
+    bool LinesOpen = false;
+    bool ActivatedOnce = false;
+    bool HaveRules = false;
+    bool EditingLine = false;
+    // The catalogue item the entry boxes stand on.
+    std::optional<CatalogueItem> CurrentItem;
+
+    // Tells the user a step failed; the data stays as last saved.
+    void reportFailure(const QString& what, const QString& why);
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void buildControls();
+    void connectControls();
+    void onActivated();
+    void alignEntryRow();
+    void sizeGridColumns();
+    bool txtheader_KeyPress(int index, QKeyEvent* key);
+    bool txtitem_KeyPress(int index, QKeyEvent* key);
+    void headerBoxState(int index, bool locked);
+    void entryBoxState(int index, bool open);
+
+    OrderFormControls m_ui;
+    OrderFormHooks m_hooks;
+    std::unique_ptr<ItemCatalogue> m_catalogue;
+    std::unique_ptr<BarcodeResolver> m_resolver;
+    std::unique_ptr<OrderLineBook> m_lines;
+    bool m_watchingFrame = false;
+};
+
+} // namespace ordwell

@@ -1,0 +1,239 @@
+// Item entry: codes typed or scanned, barcode rules, unknown items and finding by description.
+#include "orders/OrderForm.h"
+
+#include "common/FormHelpers.h"
+#include "common/TextChecks.h"
+#include "common/WaitCursor.h"
+#include "shell/MenuMasks.h"
+#include "vendors/VendorSession.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace ordwell {
+
+namespace {
+bool isEnter(const QKeyEvent* key) {
+    return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+}
+
+// A whole number written the user's way ("12", "1,000").
+std::optional<qint64> wholeNumber(const QString& text) {
+    bool ok = false;
+    const qint64 value = QLocale().toLongLong(text.trimmed(), &ok);
+    if (!ok)
+        return std::nullopt;
+    return value;
+}
+} // namespace
+
+bool OrderForm::txtitem_KeyPress(int index, QKeyEvent* key) {
+    QLineEdit* box = m_ui.txtitem[index];
+    if (box->isReadOnly())
+        return false;
+    const bool enter = isEnter(key);
+    const bool tab = key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier;
+    if (index == Entry::Code) {
+        if (!enter)
+            return false;
+        box->setText(UpperCaseCode(box->text()));
+        ResolveItemCode();
+        return true;
+    }
+    if (!enter && !tab)
+        return false;
+    switch (index) {
+    case Entry::Description:
+        if (!box->text().isEmpty())
+            focusOn(m_ui.txtitem[Entry::Price]);
+        break;
+    case Entry::Qty:
+        if (const auto qty = wholeNumber(box->text()); qty && *qty >= 0) {
+            AddOrUpdateLine();
+            ReadyForNextItem();
+            ClearItemEntry();
+        }
+        break;
+    case Entry::Price:
+        if (!box->text().isEmpty())
+            focusOn(m_ui.txtitem[Entry::Pack]);
+        break;
+    case Entry::Pack:
+        // Only while an unknown item's details are being entered.
+        if (ValidateUnknownItem()) {
+            SaveUnknownItem();
+            m_ui.lblinfo->clear();
+            QuantityState();
+            focusOn(m_ui.txtitem[Entry::Qty]);
+        }
+        break;
+    default:
+        break;
+    }
+    return true;
+}
+
+void OrderForm::LoadBarcodeRules() {
+    m_ui.lblinfo->setText(QStringLiteral("Loading Barcode rules"));
+    WaitCursor wait;
+    HaveRules = false;
+    if (!ItemsOpen)
+        OpenItems();
+    auto rules = BarcodeResolver::loadActiveRules(vendorDb());
+    if (!rules) {
+        reportFailure(QStringLiteral("The barcode rules could not be read."), rules.message());
+        rules = QList<BarcodeRule>();
+    }
+    m_resolver = std::make_unique<BarcodeResolver>(*m_catalogue, rules.value());
+    HaveRules = m_resolver->haveRules();
+    RulesLoaded = true;
+}
+
+void OrderForm::ResolveItemCode() {
+    if (!ItemsOpen)
+        OpenItems();
+    if (!m_resolver)
+        m_resolver = std::make_unique<BarcodeResolver>(*m_catalogue, QList<BarcodeRule>());
+    QLineEdit* codeBox = m_ui.txtitem[Entry::Code];
+    const Resolution found = m_resolver->resolve(codeBox->text());
+    codeBox->setText(found.code);
+    if (found.item) {
+        FillFromItem(*found.item);
+        return;
+    }
+    if (!m_ui.chkunknown->isChecked()) {
+        // An unknown code is dropped without a word while unknown items are not saved.
+        ClearItemEntry();
+        focusOn(codeBox);
+        return;
+    }
+    if (codeBox->text().isEmpty()) {
+        focusOn(codeBox);
+        return;
+    }
+    if (!IsValidCode(codeBox->text(), false)) {
+        context().prompter().message(QStringLiteral("The item code contains illegal characters"),
+                                     QStringLiteral("Data Error"), MessageIcon::Information);
+        return;
+    }
+    PromptUnknownItem();
+    focusOn(m_ui.txtitem[Entry::Description]);
+}
+
+void OrderForm::FillFromItem(const CatalogueItem& item) {
+    CurrentItem = item;
+    m_ui.txtitem[Entry::Code]->setText(item.code);
+    m_ui.txtitem[Entry::Description]->setText(item.descr);
+    m_ui.txtitem[Entry::Qty]->setText(QString::number(item.defQty));
+    m_ui.txtitem[Entry::Price]->setText(item.price.toString());
+    m_ui.txtitem[Entry::Pack]->setText(QString::number(item.packQty));
+    entryBoxState(Entry::Code, false);
+    entryBoxState(Entry::Qty, true);
+    focusOn(m_ui.txtitem[Entry::Qty]);
+}
+
+void OrderForm::PromptUnknownItem() {
+    UnknownItemState();
+    m_ui.lblinfo->setText(QStringLiteral("Please enter a description, price and pack quantity for this unknown item"));
+    focusOn(m_ui.txtitem[Entry::Description]);
+}
+
+bool OrderForm::ValidateUnknownItem() {
+    QLineEdit* descr = m_ui.txtitem[Entry::Description];
+    QLineEdit* price = m_ui.txtitem[Entry::Price];
+    QLineEdit* pack = m_ui.txtitem[Entry::Pack];
+    auto refuse = [this](QLineEdit* box, const QString& text, const QString& title) {
+        context().prompter().message(text, title, MessageIcon::Exclamation);
+        focusOn(box);
+        return false;
+    };
+    if (descr->text().isEmpty())
+        return refuse(descr,
+                      QStringLiteral("You have not entered a description for this item, please enter an item "
+                                     "description"),
+                      QStringLiteral("Invalid description"));
+    if (price->text().isEmpty())
+        price->setText(QStringLiteral("0.00"));
+    // One decimal point at most: the digits alone must be a number, and so must the whole.
+    const QString digits = QString(price->text()).remove(QLatin1Char('.'));
+    const auto amount = Money::parse(price->text());
+    if (!Money::parse(digits) || !amount)
+        return refuse(price,
+                      QStringLiteral("You have not entered a valid price for this item, please enter an valid price"),
+                      QStringLiteral("Invalid price"));
+    price->setText(amount->toString());
+    if (pack->text().isEmpty())
+        pack->setText(QStringLiteral("1"));
+    if (!wholeNumber(pack->text()))
+        return refuse(pack,
+                      QStringLiteral("You have not entered a valid pack quantity for this item, please enter an "
+                                     "valid pack quantity"),
+                      QStringLiteral("Invalid pack quantity"));
+    return true;
+}
+
+void OrderForm::SaveUnknownItem() {
+    CatalogueItem item;
+    item.code = m_ui.txtitem[Entry::Code]->text();
+    item.descr = m_ui.txtitem[Entry::Description]->text();
+    item.price = Money::parse(m_ui.txtitem[Entry::Price]->text()).value_or(Money());
+    item.packQty = int(wholeNumber(m_ui.txtitem[Entry::Pack]->text()).value_or(1));
+    item.defQty = 1;
+    const Status saved = m_catalogue->addUnknownItem(item.code, item.descr, item.price, item.packQty);
+    if (!saved) {
+        reportFailure(QStringLiteral("The item %1 could not be added to the catalogue.").arg(item.code),
+                      saved.message());
+        return;
+    }
+    CurrentItem = item;
+}
+
+void OrderForm::ClearItemEntry() {
+    for (QLineEdit* box : m_ui.txtitem)
+        box->clear();
+}
+
+void OrderForm::ReadyForNextItem() {
+    entryBoxState(Entry::Code, true);
+    entryBoxState(Entry::Qty, false);
+    focusOn(m_ui.txtitem[Entry::Code]);
+}
+
+void OrderForm::UnknownItemState() {
+    entryBoxState(Entry::Code, false);
+    entryBoxState(Entry::Description, true);
+    entryBoxState(Entry::Qty, false);
+    entryBoxState(Entry::Price, true);
+    entryBoxState(Entry::Pack, true);
+}
+
+void OrderForm::QuantityState() {
+    for (int i = 0; i < 5; ++i)
+        entryBoxState(i, i == Entry::Qty);
+}
+
+void OrderForm::FindItemByDescription() {
+    std::optional<QString> chosen;
+    if (m_hooks.ChooseDescription)
+        chosen = m_hooks.ChooseDescription(*this);
+    context().ShowStatus(context().vendorSession().name());
+    context().ApplyMenuMask(QStringLiteral("01000000000001100010"));
+    if (!chosen || chosen->isEmpty()) {
+        focusOn(m_ui.txtitem[Entry::Code]);
+        return;
+    }
+    if (!ItemsOpen)
+        OpenItems();
+    const auto item = m_catalogue->findByDescription(*chosen);
+    if (!item) {
+        context().prompter().message(QStringLiteral("Item description not found."),
+                                     QStringLiteral("Item Description Error"), MessageIcon::Critical);
+        return;
+    }
+    FillFromItem(*item);
+}
+
+} // namespace ordwell

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+namespace ordwell {
+
+class AppContext;
+class MainWindow;
+class OrderForm;
+
+// Opens the order form inside the main window in `mode`; when it is open already, brings it
+// forward (the menus that give a mode are disabled while it is open).
+OrderForm* openOrderForm(MainWindow& mainWindow, AppContext& context, const QString& mode);
+
+// The main menu's order entries, and the vendor session's way of opening the form.
+void wireOrderMenus(MainWindow& mainWindow, AppContext& context);
+
+} // namespace ordwell

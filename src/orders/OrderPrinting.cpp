@@ -1,0 +1,89 @@
+#include "OrderPrinting.h"
+
+#include "OrderTransitions.h"
+#include "common/Dates.h"
+#include "common/Sql.h"
+
+namespace ordwell::OrderPrinting {
+
+namespace {
+
+// Each field that holds something followed by ",", and the last one bare.
+QString joinPresent(const OrganisationDetails& details, std::initializer_list<int> withComma, int last) {
+    QString text;
+    for (int field : withComma) {
+        if (!details[field].isEmpty())
+            text += details[field] + QLatin1Char(',');
+    }
+    text += details[last];
+    return text;
+}
+
+Result<OrganisationDetails> storedDetails(const QSqlDatabase& systemDb) {
+    auto loaded = OrganisationDetailsStore(systemDb).load();
+    if (!loaded)
+        return loaded.status();
+    return loaded.value().value_or(OrganisationDetails());
+}
+
+} // namespace
+
+QString BuildOrganisationAddress(const OrganisationDetails& details) {
+    return joinPresent(details, {Location, Department, Address1, Address2, Address3, County}, Postcode);
+}
+
+QString BuildContactDetails(const OrganisationDetails& details) {
+    return joinPresent(details, {Contact, Telephone}, Email);
+}
+
+Result<QString> BuildOrganisationAddress(const QSqlDatabase& systemDb) {
+    auto details = storedDetails(systemDb);
+    if (!details)
+        return details.status();
+    return BuildOrganisationAddress(details.value());
+}
+
+Result<QString> BuildContactDetails(const QSqlDatabase& systemDb) {
+    auto details = storedDetails(systemDb);
+    if (!details)
+        return details.status();
+    return BuildContactDetails(details.value());
+}
+
+Result<QMap<QString, QString>> PrintParameters(const QSqlDatabase& systemDb, const QString& orderId) {
+    auto details = storedDetails(systemDb);
+    if (!details)
+        return details.status();
+    QMap<QString, QString> parameters;
+    parameters.insert(QStringLiteral("ordnum"), orderId);
+    parameters.insert(QStringLiteral("custadd"), BuildOrganisationAddress(details.value()));
+    parameters.insert(QStringLiteral("contdet"), BuildContactDetails(details.value()));
+    return parameters;
+}
+
+Result<QString> OrderFormFile(const QSqlDatabase& vendorDb) {
+    auto value = Sql::scalar(vendorDb, QStringLiteral("SELECT ordform FROM vendor LIMIT 1"));
+    if (!value)
+        return value.status();
+    return value.value().toString();
+}
+
+Status RecordReprint(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today) {
+    return Sql::run(vendorDb,
+                    QStringLiteral("UPDATE orderhead SET reprintdate = ?, reprintcount = COALESCE(reprintcount, 0) + 1 "
+                                   "WHERE orderid = ? AND printdate IS NOT NULL AND printdate <> ''"),
+                    {Dates::toStored(today), orderId});
+}
+
+Status MarkPrinted(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today) {
+    Sql::Transaction transaction(vendorDb);
+    if (Status s = RecordReprint(vendorDb, orderId, today); !s)
+        return s;
+    if (Status s = OrderTransitions::setOrderStatus(vendorDb, orderId, QStringLiteral("P"), today); !s)
+        return s;
+    if (Status s = OrderTransitions::setLineStatus(vendorDb, orderId, QStringLiteral("P")); !s)
+        return s;
+    return transaction.commit();
+}
+
+} // namespace ordwell::OrderPrinting

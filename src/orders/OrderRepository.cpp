@@ -1,0 +1,102 @@
+#include "OrderRepository.h"
+
+#include "common/Dates.h"
+#include "common/Sql.h"
+#include "orders/OrderWords.h"
+
+#include <QSqlQuery>
+
+namespace ordwell {
+
+Result<QString> OrderRepository::NextOrderNumber(const QString& vendorCode) const {
+    Sql::Transaction tx(m_db);
+    auto counter = Sql::scalar(m_db, QStringLiteral("SELECT nextord FROM vendor LIMIT 1"));
+    if (!counter)
+        return counter.status();
+    if (!counter->isValid())
+        return Status::fail(QStringLiteral("The vendor's details are missing, so no order number can be given."));
+    const qint64 next = counter->toLongLong();
+    const Status written = Sql::run(m_db, QStringLiteral("UPDATE vendor SET nextord = ?"), {next + 1});
+    if (!written)
+        return written;
+    if (Status done = tx.commit(); !done)
+        return done;
+    return vendorCode + QString::number(next);
+}
+
+Status OrderRepository::insertNewOrder(const QString& orderId, const QDate& orderDate) const {
+    return Sql::run(m_db,
+                    QStringLiteral("INSERT INTO orderhead (orderid, orderdate, status, totalval, reprintcount) "
+                                   "VALUES (?, ?, ?, ?, ?)"),
+                    {orderId, Dates::toStored(orderDate), OrderStatus::Live, qint64(0), 0});
+}
+
+Status OrderRepository::updateHeader(const OrderHeaderFields& header) const {
+    return Sql::run(m_db,
+                    QStringLiteral("UPDATE orderhead SET totalval = ?, name = ?, reference = ?, note1 = ?, note2 = ? "
+                                   "WHERE orderid = ?"),
+                    {header.total.roundedToPence().tenThousandths(), Sql::textOrNull(header.name),
+                     Sql::textOrNull(header.reference), Sql::textOrNull(header.note1), Sql::textOrNull(header.note2),
+                     header.orderId});
+}
+
+Result<QString> OrderRepository::ReadOrderStatus(const QString& orderId) const {
+    auto status = Sql::scalar(m_db, QStringLiteral("SELECT status FROM orderhead WHERE orderid = ?"), {orderId});
+    if (!status)
+        return status.status();
+    return status->toString();
+}
+
+Result<OrderHeaderRow> OrderRepository::readHeader(const QString& orderId) const {
+    auto query = Sql::exec(m_db,
+                           QStringLiteral("SELECT orderid, orderdate, name, reference, note1, note2, status, totalval "
+                                          "FROM orderhead WHERE orderid = ?"),
+                           {orderId});
+    if (!query)
+        return query.status();
+    QSqlQuery& q = query.value();
+    if (!q.next())
+        return Status::fail(QStringLiteral("The order %1 is not in the vendor's database.").arg(orderId));
+    OrderHeaderRow row;
+    row.orderId = q.value(0).toString();
+    row.orderDate = Dates::dateFromStored(q.value(1).toString());
+    row.name = q.value(2).toString();
+    row.reference = q.value(3).toString();
+    row.note1 = q.value(4).toString();
+    row.note2 = q.value(5).toString();
+    row.status = q.value(6).toString();
+    row.total = Money::fromTenThousandths(q.value(7).toLongLong());
+    return row;
+}
+
+Status OrderRepository::SetOrderStatus(const QString& orderId, const QString& letter, Money shownTotal,
+                                       const QDate& today) const {
+    if (letter == OrderStatus::Cancelled)
+        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, totalval = 0 WHERE orderid = ?"),
+                        {letter, orderId});
+    if (letter == OrderStatus::Entered)
+        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, totalval = ? WHERE orderid = ?"),
+                        {letter, shownTotal.roundedToPence().tenThousandths(), orderId});
+    if (letter == OrderStatus::Printed)
+        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, printdate = ? WHERE orderid = ?"),
+                        {letter, Dates::toStored(today), orderId});
+    if (letter == OrderStatus::Received)
+        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, recvdate = ? WHERE orderid = ?"),
+                        {letter, Dates::toStored(today), orderId});
+    return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ? WHERE orderid = ?"), {letter, orderId});
+}
+
+Status OrderRepository::SetLineStatus(const QString& orderId, const QString& letter) const {
+    Sql::Transaction tx(m_db);
+    const bool received = letter == OrderStatus::Received;
+    const Status done = Sql::run(
+        m_db,
+        received ? QStringLiteral("UPDATE orderline SET status = ?, recvqty = qty WHERE orderid = ? AND status <> ?")
+                 : QStringLiteral("UPDATE orderline SET status = ? WHERE orderid = ? AND status <> ?"),
+        {letter, orderId, OrderStatus::Cancelled});
+    if (!done)
+        return done;
+    return tx.commit();
+}
+
+} // namespace ordwell

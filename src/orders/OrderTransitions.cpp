@@ -1,0 +1,46 @@
+#include "OrderTransitions.h"
+
+#include "common/Dates.h"
+#include "common/Sql.h"
+
+namespace ordwell::OrderTransitions {
+
+Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today) {
+    QString sql;
+    QVariantList values{letter};
+    if (letter == QLatin1String("C")) {
+        sql = QStringLiteral("UPDATE orderhead SET status = ?, totalval = 0 WHERE orderid = ?");
+    } else if (letter == QLatin1String("P")) {
+        sql = QStringLiteral("UPDATE orderhead SET status = ?, printdate = ? WHERE orderid = ?");
+        values << Dates::toStored(today);
+    } else if (letter == QLatin1String("R")) {
+        sql = QStringLiteral("UPDATE orderhead SET status = ?, recvdate = ? WHERE orderid = ?");
+        values << Dates::toStored(today);
+    } else {
+        sql = QStringLiteral("UPDATE orderhead SET status = ? WHERE orderid = ?");
+    }
+    values << orderId;
+    auto query = Sql::exec(db, sql, values);
+    if (!query)
+        return query.status();
+    if (query.value().numRowsAffected() != 1)
+        return Status::fail(QStringLiteral("The order %1 could not be found.").arg(orderId));
+    return Status::ok();
+}
+
+Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter) {
+    const QString sql = letter == QLatin1String("R")
+                            ? QStringLiteral("UPDATE orderline SET status = ?, recvqty = qty "
+                                             "WHERE orderid = ? AND status <> 'C'")
+                            : QStringLiteral("UPDATE orderline SET status = ? WHERE orderid = ? AND status <> 'C'");
+    return Sql::run(db, sql, {letter, orderId});
+}
+
+Result<QString> orderStatus(const QSqlDatabase& db, const QString& orderId) {
+    auto value = Sql::scalar(db, QStringLiteral("SELECT status FROM orderhead WHERE orderid = ?"), {orderId});
+    if (!value)
+        return value.status();
+    return value.value().toString();
+}
+
+} // namespace ordwell::OrderTransitions

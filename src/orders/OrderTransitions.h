@@ -1,0 +1,27 @@
+#pragma once
+
+#include "common/Status.h"
+
+#include <QDate>
+#include <QSqlDatabase>
+#include <QString>
+
+namespace ordwell {
+
+// The writes behind the order's life after entry: an order's status with what comes with
+// it, and the status of its lines. Callers wrap them in one transaction per user action.
+namespace OrderTransitions {
+
+// Sets the order's status; "C" also zeroes the total, "P" stamps the print date and "R" the
+// received date with `today`. Fails when no such order exists.
+Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today);
+
+// Sets the status of every line of the order that is not cancelled; "R" also counts each
+// such line as received in full.
+Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter);
+
+// The order's stored status, or an empty text when there is no such order.
+Result<QString> orderStatus(const QSqlDatabase& db, const QString& orderId);
+
+} // namespace OrderTransitions
+} // namespace ordwell

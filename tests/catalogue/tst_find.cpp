@@ -1,0 +1,289 @@
+#include "CatalogueSession.h"
+#include "catalogue/Find.h"
+#include "catalogue/FindForm.h"
+#include "catalogue/FindListModel.h"
+#include "catalogue/ItemForm.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QSqlQuery>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+
+// Items whose descriptions are given in the list's own order; stored in reverse, so the order
+// shown must come from the query.
+void addDescriptions(test::CatalogueSession& s, const QStringList& descriptions) {
+    for (qsizetype i = descriptions.size() - 1; i >= 0; --i)
+        s.addItem(QStringLiteral("I%1").arg(i), descriptions[i]);
+}
+
+QString menuState(MainWindow& window) {
+    QString state;
+    for (const QAction* entry : window.maskedEntries())
+        state += entry->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+    return state;
+}
+
+// What the typed-prefix rule should pick, worked out by reading the whole list.
+int expectedRow(const QStringList& list, const QString& typed, int current) {
+    for (int row = 1; row < list.size(); ++row) {
+        if (list[row].startsWith(typed, Qt::CaseInsensitive))
+            return row;
+    }
+    if (!list.isEmpty() && list[0].startsWith(typed, Qt::CaseInsensitive))
+        return 0;
+    return current;
+}
+
+QWidget* findWindow() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal && modal->objectName() == QLatin1String("frmfind") ? modal : nullptr;
+}
+
+void doubleClickCurrent(QWidget* form) {
+    auto* list = test::child<QListView>(form, QStringLiteral("List1"));
+    const QRect at = list->visualRect(list->currentIndex());
+    // A double-click counts on the entry the press was on, as with a real mouse.
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at.center());
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at.center());
+}
+
+} // namespace
+
+class TestFind : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    // Typing selects the first entry after the first one that begins with the text, in any
+    // case of letters, wrapping round to the first entry only when no later one matches.
+    void typingSelectsByPrefix_data() {
+        QTest::addColumn<QStringList>("list");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("selected");
+
+        const QStringList apples{"Apple", "Apple pie", "Banana"};
+        QTest::newRow("second entry beats the first") << apples << "Apple" << 1;
+        QTest::newRow("small letters typed") << apples << "apple" << 1;
+        QTest::newRow("first entry when alone") << QStringList{"Apple", "Banana", "Cherry"} << "app" << 0;
+        QTest::newRow("a later entry") << apples << "b" << 2;
+        QTest::newRow("no match selects nothing") << apples << "x" << -1;
+        QTest::newRow("no match keeps the selection") << apples << "bx" << 2;
+        QTest::newRow("one entry only") << QStringList{"Apple"} << "a" << 0;
+        QTest::newRow("the same text twice") << QStringList{"Apple", "Apple", "Banana"} << "APPLE" << 1;
+        // The list compares letters without regard to case, so matches in any case sit together.
+        QTest::newRow("mixed case") << QStringList{"apple", "APPLE PIE", "Banana"} << "Apple" << 1;
+        QTest::newRow("mixed case, after the first") << QStringList{"aBc", "ABD", "abe", "b"} << "ab" << 1;
+        QTest::newRow("mixed case, further down") << QStringList{"aBc", "ABD", "abe", "b"} << "ABE" << 2;
+        QTest::newRow("apostrophe and space") << QStringList{"Bob's nuts", "Bob's wire", "Bobbin"} << "bob's w" << 1;
+    }
+    void typingSelectsByPrefix() {
+        QFETCH(QStringList, list);
+        QFETCH(QString, typed);
+        QFETCH(int, selected);
+        test::CatalogueSession s;
+        addDescriptions(s, list);
+        FindForm form(s.window.get());
+        form.SetFindPrompt(Find::ItemPrompt);
+        QVERIFY(form.SetFindQuery(s.db(), Find::itemDescriptions()));
+        form.show();
+        auto* find = test::child<QLineEdit>(&form, QStringLiteral("txtfind"));
+        auto* view = test::child<QListView>(&form, QStringLiteral("List1"));
+        QTRY_COMPARE(QApplication::focusWidget(), find);
+        QTest::keyClicks(find, typed);
+        QCOMPARE(view->currentIndex().isValid() ? view->currentIndex().row() : -1, selected);
+        if (selected >= 0)
+            QCOMPARE(view->currentIndex().data().toString(), list[selected]);
+        QCOMPARE(QApplication::focusWidget(), find);
+    }
+
+    // A long list is read in bounded blocks, in the order of its index (letters without regard
+    // to case), and the prefix rule agrees with reading the whole list, for typed texts in every
+    // mix of case.
+    void longListAgreesWithAPlainScan() {
+        test::CatalogueSession s;
+        QRandomGenerator random(20261123);
+        const QString letters = QStringLiteral("aAbBcC '");
+        auto randomText = [&](int maxLength) {
+            QString text;
+            const int length = 1 + random.bounded(maxLength);
+            for (int c = 0; c < length; ++c)
+                text += letters.at(random.bounded(letters.size()));
+            return text;
+        };
+        QStringList descriptions;
+        {
+            Sql::Transaction tx(s.db());
+            QSqlQuery insert(s.db());
+            QVERIFY(insert.prepare(QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+                                                  "VALUES (?, ?, 1, 1, 100, '2099-12-31')")));
+            for (int i = 0; i < 20000; ++i) {
+                descriptions << randomText(6);
+                insert.bindValue(0, QStringLiteral("C%1").arg(i));
+                insert.bindValue(1, descriptions.last());
+                QVERIFY(insert.exec());
+            }
+            QVERIFY(tx.commit());
+        }
+        // Entries equal but for case may come in either order; the rule cannot tell them apart.
+        std::stable_sort(descriptions.begin(), descriptions.end(),
+                         [](const QString& a, const QString& b) { return a.toLower() < b.toLower(); });
+
+        FindListModel model(s.db(), Find::itemDescriptions());
+        QVERIFY(model.open());
+        QCOMPARE(model.rowCount(), descriptions.size());
+        QStringList shown;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            shown << model.textAt(row);
+            QCOMPARE(shown.last().toLower(), descriptions[row].toLower());
+        }
+        QVERIFY(model.rowsHeld() <= FindListModel::MaxBlocks * FindListModel::BlockRows);
+        QCOMPARE(model.textAt(model.rowCount()), QString());
+        shown.sort();
+        QStringList all = descriptions;
+        all.sort();
+        QCOMPARE(shown, all);
+
+        for (int i = 0; i < 300; ++i) {
+            const QString typed = randomText(4);
+            QCOMPARE(model.rowForPrefix(typed, 7), expectedRow(descriptions, typed, 7));
+        }
+    }
+
+    // The count text for no, one and several records; an empty list is disabled; Enter in the
+    // search box chooses nothing; every value label reads its own text.
+    void countTextAndEmptyList_data() {
+        QTest::addColumn<int>("items");
+        QTest::addColumn<QString>("count");
+        QTest::newRow("none") << 0 << "There are 0 records";
+        QTest::newRow("one") << 1 << "There are 1 records";
+        QTest::newRow("three") << 3 << "There are 3 records";
+    }
+    void countTextAndEmptyList() {
+        QFETCH(int, items);
+        QFETCH(QString, count);
+        test::CatalogueSession s;
+        for (int i = 0; i < items; ++i)
+            s.addItem(QStringLiteral("X%1").arg(i), QStringLiteral("Thing %1").arg(i));
+        FindForm form(s.window.get());
+        form.SetFindPrompt(Find::ItemPrompt);
+        QVERIFY(form.SetFindQuery(s.db(), Find::itemDescriptions()));
+        form.show();
+        QCOMPARE(form.windowTitle(), QStringLiteral("Find Record"));
+        QCOMPARE(test::child<QLabel>(&form, QStringLiteral("lbltable"))->text(), Find::ItemPrompt);
+        QCOMPARE(test::child<QLabel>(&form, QStringLiteral("lblclick"))->text(),
+                 QStringLiteral("Double Click to Select an Item"));
+        QCOMPARE(test::child<QLabel>(&form, QStringLiteral("lblcount"))->text(), count);
+        auto* view = test::child<QListView>(&form, QStringLiteral("List1"));
+        QCOMPARE(view->isEnabled(), items > 0);
+        QCOMPARE(view->model() ? view->model()->rowCount() : 0, items);
+        QCOMPARE(test::labelsHidingTheirText(&form), QStringList());
+
+        auto* find = test::child<QLineEdit>(&form, QStringLiteral("txtfind"));
+        QTest::keyClicks(find, QStringLiteral("Thing"));
+        test::pressEnter(find);
+        QVERIFY(form.isVisible());
+        QCOMPARE(form.FindResult(), QString());
+    }
+
+    // The whole protocol as a caller sees it: the window over the open vendor's descriptions,
+    // the chosen text back after a double-click, nothing after Cancel, Escape or the close box.
+    void callerGetsTheChoiceOrNothing_data() {
+        QTest::addColumn<QString>("ending");
+        QTest::addColumn<QString>("result");
+        QTest::newRow("double-click") << "double-click"
+                                      << "Banana split";
+        QTest::newRow("cancel") << "cancel"
+                                << "";
+        QTest::newRow("escape") << "escape"
+                                << "";
+        QTest::newRow("close box") << "close box"
+                                   << "";
+    }
+    void callerGetsTheChoiceOrNothing() {
+        QFETCH(QString, ending);
+        QFETCH(QString, result);
+        test::CatalogueSession s;
+        addDescriptions(s, {"Apple", "Banana", "Banana split", "Cherry"});
+        QString prompt;
+        test::ModalAnswerer answerer([&](QWidget* modal) {
+            if (modal->objectName() != QLatin1String("frmfind"))
+                return;
+            prompt = test::child<QLabel>(modal, QStringLiteral("lbltable"))->text();
+            QTest::keyClicks(test::child<QLineEdit>(modal, QStringLiteral("txtfind")), QStringLiteral("banana "));
+            if (ending == QLatin1String("double-click"))
+                doubleClickCurrent(modal);
+            else if (ending == QLatin1String("cancel"))
+                test::clickButton(modal, QStringLiteral("cmdcancel"));
+            else if (ending == QLatin1String("escape"))
+                QTest::keyClick(modal, Qt::Key_Escape);
+            else
+                modal->close();
+        });
+        const auto chosen = Find::findItemDescription(s.ctx(), s.window.get(), Find::OrderFormMask);
+        QCOMPARE(answerer.answered(), 1);
+        QCOMPARE(prompt, Find::ItemPrompt);
+        QCOMPARE(chosen.value_or(QString()), result);
+        QCOMPARE(chosen.has_value(), !result.isEmpty());
+        QVERIFY(!findWindow());
+        QCOMPARE(menuState(*s.window), Find::OrderFormMask.left(s.window->maskedEntries().size()));
+        QVERIFY(s.prompter().messages.isEmpty());
+    }
+
+    // The item window's Find: the chosen description's item is shown and the menus restored;
+    // Cancel leaves the item shown; a description no item has is reported.
+    void itemWindowFind() {
+        test::CatalogueSession s;
+        s.addItem(QStringLiteral("A1"), QStringLiteral("Apple"));
+        s.addItem(QStringLiteral("B2"), QStringLiteral("Banana"));
+        s.addItem(QStringLiteral("C3"), QStringLiteral("Cherry"));
+        s.window->triggerMenu(QStringLiteral("mnueditms"));
+        auto* form = s.window->findChild<ItemForm*>(QStringLiteral("frmaddedititem"));
+        QVERIFY(form);
+        auto* findButton = test::child<QPushButton>(form, QStringLiteral("cmdbutton_%1").arg(ItemForm::Find));
+        auto* code = test::child<QLineEdit>(form, QStringLiteral("txtbox_0"));
+        QCOMPARE(code->text(), QStringLiteral("A1"));
+
+        {
+            test::ModalAnswerer answerer([](QWidget* modal) {
+                QTest::keyClicks(test::child<QLineEdit>(modal, QStringLiteral("txtfind")), QStringLiteral("ch"));
+                doubleClickCurrent(modal);
+            });
+            findButton->click();
+            QCOMPARE(answerer.answered(), 1);
+        }
+        QCOMPARE(code->text(), QStringLiteral("C3"));
+        QCOMPARE(menuState(*s.window), Find::ItemFormMask.left(s.window->maskedEntries().size()));
+
+        {
+            test::ModalAnswerer answerer([](QWidget* modal) { test::clickButton(modal, QStringLiteral("cmdcancel")); });
+            findButton->click();
+            QCOMPARE(answerer.answered(), 1);
+        }
+        QCOMPARE(code->text(), QStringLiteral("C3"));
+        QVERIFY(s.prompter().messages.isEmpty());
+
+        QString askedPrompt;
+        Find::ScriptedFind scripted([&](const QString& prompt, const FindQuery&) {
+            askedPrompt = prompt;
+            return std::optional<QString>(QStringLiteral("Durian"));
+        });
+        findButton->click();
+        QCOMPARE(askedPrompt, Find::ItemPrompt);
+        QCOMPARE(s.prompter().texts(), QStringList{QStringLiteral("Item description not found.")});
+        QCOMPARE(s.prompter().messages.last().title, QStringLiteral("Item Description Error"));
+        QCOMPARE(s.prompter().messages.last().icon, MessageIcon::Critical);
+        s.prompter().clear();
+    }
+};
+
+QTEST_MAIN(TestFind)
+#include "tst_find.moc"

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "common/Money.h"
+#include "orders/OrderForm.h"
+#include "shell/MainWindow.h"
+#include "support/TestSupport.h"
+
+#include <QAbstractButton>
+#include <QPointer>
+#include <QSqlDatabase>
+#include <QStringList>
+#include <memory>
+
+namespace ordwell::test {
+
+// The main window with vendor ABC open (next order 1000000) over a small catalogue, and the
+// order form opened from the menu as the user does.
+class OrderSession {
+public:
+    OrderSession();
+    ~OrderSession();
+
+    AppContext& ctx() { return m_context.context(); }
+    ScriptedPrompter& prompter() { return m_context.prompter(); }
+    MainWindow& window() { return *m_window; }
+    QSqlDatabase db() { return ctx().vendorDb(); }
+
+    void addItem(const QString& code, const QString& descr, const QString& price, int pack = 1, int defQty = 1);
+    void addRule(const QString& start, int skipFirst, int skipLast, const QString& status = QStringLiteral("A"));
+
+    // Opens the form through the menu entry and waits for its first activation.
+    OrderForm* open(const QString& menuEntry = QStringLiteral("mnuNewOrd"));
+    OrderForm* form() { return m_form; }
+    QLineEdit* header(int i) { return m_form->ui().txtheader[i]; }
+    QLineEdit* entry(int i) { return m_form->ui().txtitem[i]; }
+    void click(QAbstractButton* button);
+
+    // Header entry to line entry with "Start Order".
+    void startOrder();
+    // Types a code and Enter into whichever box has the focus, as a scanner does; then, when
+    // `qty` is given, overtypes the quantity; Enter confirms it.
+    void scan(const QString& code, const QString& qty = QString());
+    // Chooses a grid row the way a double-click does.
+    void chooseRow(int row);
+
+    // Stored values, read back.
+    QVariant value(const QString& sql, const QVariantList& values = {});
+    QString orderStatus(const QString& orderId);
+    Money orderTotal(const QString& orderId);
+    struct StoredLine {
+        int line;
+        QString code;
+        int qty;
+        Money lineval;
+        QString status;
+    };
+    QList<StoredLine> lines(const QString& orderId);
+
+private:
+    TestContext m_context;
+    std::unique_ptr<MainWindow> m_window;
+    QPointer<OrderForm> m_form;
+};
+
+} // namespace ordwell::test

@@ -1,0 +1,172 @@
+#include "OrderDataFixture.h"
+#include "orders/ExportRecords.h"
+#include "orders/OrderExport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+const QString Id = QStringLiteral("ABC1000000");
+const QString From = QStringLiteral("FROM:,Head Office,,1 High St,,,Kent,CT11AA,Ann,01234 567890,ann@example.org");
+const QString To =
+    QStringLiteral("TO:,CUST7,Acme Supplies,2 Mill Lane,,Leeds,Yorks,LS11AA,Rob Rep,0113 000,,Cat,,,cat@acme.example");
+} // namespace
+
+class TestOrderExport : public QObject {
+    Q_OBJECT
+
+    // The records of the file written for the order, split at CR LF (the last one empty).
+    static QStringList exported(test::OrderDataFixture& f) {
+        const QByteArray bytes = test::fileContents(QDir(f.desktopDir()).filePath(Id + QStringLiteral(".csv")));
+        QStringList records = QString::fromUtf8(bytes).split(QStringLiteral("\r\n"));
+        if (records.last().isEmpty())
+            records.removeLast();
+        else
+            records << QStringLiteral("(last record without CR LF)");
+        return records;
+    }
+
+    static OrderExport::ExportResult exportOrder(test::OrderDataFixture& f, const QString& desktop = {}) {
+        return OrderExport::ExportOrder(f.systemDb(), f.vendorDb(), f.ctx().CurrentVendorName,
+                                        desktop.isEmpty() ? f.desktopDir() : desktop, Id);
+    }
+
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    // No lines: five records; empty fields keep their commas, so FROM has 10 fields and TO 14.
+    void orderWithoutLines() {
+        test::OrderDataFixture f;
+        f.addOrder(Id, QStringLiteral("P"));
+        const auto result = exportOrder(f);
+        QCOMPARE(result.outcome, OrderExport::Outcome::Exported);
+        QCOMPARE(result.path, QDir(f.desktopDir()).filePath(QStringLiteral("ABC1000000.csv")));
+        const QStringList records = exported(f);
+        QCOMPARE(records, (QStringList{From, To, QStringLiteral("ORDER:,ABC1000000,11/03/2020,Ann,REF1,0.00"),
+                                       QStringLiteral("NOTES:,"), QStringLiteral("NOTES:,")}));
+        QCOMPARE(records[0].count(QLatin1Char(',')), 10);
+        QCOMPARE(records[1].count(QLatin1Char(',')), 14);
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
+        QCOMPARE(OrderExport::CompleteText(Id),
+                 QStringLiteral("The order ABC1000000 has been exported to the desktop sucessfully"));
+    }
+
+    // Lines in line order: a deleted item, a cancelled line, grouping commas left unquoted;
+    // live lines follow the order to "X", the cancelled one stays "C".
+    void linesAsWritten() {
+        test::OrderDataFixture f;
+        f.addItem(QStringLiteral("A100"), QStringLiteral("Blue pens box"), Money::fromPence(150));
+        f.addItem(QStringLiteral("B200"), QStringLiteral("Gone"), Money::fromPence(70000));
+        f.addItem(QStringLiteral("C300"), QStringLiteral("Red ink, bottled"), Money::fromPence(225));
+        f.addOrder(Id, QStringLiteral("X"), Money::fromPence(140450), QStringLiteral("Ring first"),
+                   QStringLiteral("Back door"));
+        f.addLine(Id, 2, QStringLiteral("B200"), 2, Money::fromPence(70000), QStringLiteral("X"));
+        f.addLine(Id, 1, QStringLiteral("A100"), 3, Money::fromPence(150), QStringLiteral("X"));
+        f.addLine(Id, 3, QStringLiteral("C300"), 0, Money::fromPence(225), QStringLiteral("C"));
+        f.removeItem(QStringLiteral("B200"));
+
+        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
+        QCOMPARE(exported(f).mid(2), (QStringList{
+                                         QStringLiteral("ORDER:,ABC1000000,11/03/2020,Ann,REF1,1,404.50"),
+                                         QStringLiteral("NOTES:,Ring first"),
+                                         QStringLiteral("NOTES:,Back door"),
+                                         QStringLiteral("LINE:1,A100,Blue pens box,3,1.5,4.50"),
+                                         QStringLiteral("LINE:2,B200,No Item Found!,2,700,1,400.00"),
+                                         QStringLiteral("LINE:3,C300,Red ink, bottled,0,2.25,0.00"),
+                                     }));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("XXC"));
+    }
+
+    // A note of one space is dropped in the first line and kept in the second.
+    void oneSpaceNotes() {
+        test::OrderDataFixture f;
+        f.addOrder(Id, QStringLiteral("P"), {}, QStringLiteral(" "), QStringLiteral(" "));
+        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
+        QCOMPARE(exported(f).mid(3), (QStringList{QStringLiteral("NOTES:,"), QStringLiteral("NOTES:, ")}));
+    }
+
+    // The file on the desktop refuses a second export and is left as it was; so is the order.
+    void secondExportRefused() {
+        test::OrderDataFixture f;
+        f.addOrder(Id, QStringLiteral("P"));
+        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
+        const QString path = QDir(f.desktopDir()).filePath(QStringLiteral("ABC1000000.csv"));
+        QVERIFY(test::writeFile(path, "edited by hand"));
+        f.exec(QStringLiteral("UPDATE orderhead SET status = 'P'"));
+        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::FileExists);
+        QCOMPARE(test::fileContents(path), QByteArray("edited by hand"));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("P"));
+    }
+
+    // A desktop that is missing or cannot take the file: a message naming it, no file, no
+    // change to the order.
+    void desktopThatCannotTakeTheFile_data() {
+        QTest::addColumn<QString>("desktop");
+        QTest::addColumn<QString>("named");
+        const QString missing = QDir::tempPath() + QStringLiteral("/ordwell-no-such-desktop");
+        QTest::newRow("missing") << missing << missing;
+        QTest::newRow("not writable") << "/proc"
+                                      << "/proc/ABC1000000.csv";
+    }
+    void desktopThatCannotTakeTheFile() {
+        QFETCH(QString, desktop);
+        QFETCH(QString, named);
+        test::OrderDataFixture f;
+        f.addOrder(Id, QStringLiteral("P"));
+        f.addLine(Id, 1, QStringLiteral("A1"), 1, Money::fromPence(100), QStringLiteral("P"));
+        const auto result = exportOrder(f, desktop);
+        QCOMPARE(result.outcome, OrderExport::Outcome::Failed);
+        QVERIFY2(result.message.contains(named), qPrintable(result.message));
+        QVERIFY(!QFile::exists(result.path));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("P"));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("P"));
+    }
+
+    // Nothing but the finished file is left in the folder.
+    void noTemporaryFileLeft() {
+        test::OrderDataFixture f;
+        f.addOrder(Id, QStringLiteral("P"));
+        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
+        QCOMPARE(QDir(f.desktopDir()).entryList(QDir::Files | QDir::Hidden), QStringList{"ABC1000000.csv"});
+    }
+
+    void plainPrices_data() {
+        QTest::addColumn<qlonglong>("units");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("one and a half") << 15000LL << "1.5";
+        QTest::newRow("whole") << 7000000LL << "700";
+        QTest::newRow("four decimals") << 1234LL << "0.1234";
+        QTest::newRow("no grouping") << 123456780000LL << "12345678";
+        QTest::newRow("zero") << 0LL << "0";
+    }
+    void plainPrices() {
+        QFETCH(qlonglong, units);
+        QFETCH(QString, text);
+        QCOMPARE(ExportRecords::PlainPrice(Money::fromTenThousandths(units)), text);
+    }
+
+    // Whatever the texts hold, the file has one record per line and the fixed field counts
+    // for the organisation and the vendor.
+    void recordsStayOneLineEach() {
+        ExportTexts texts;
+        texts.from = QStringList{QStringLiteral("Org")};
+        texts.to = QStringList(20, QStringLiteral("v"));
+        texts.note1 = QStringLiteral("two\r\nlines");
+        texts.lines << ExportLineTexts{QStringLiteral("1"), QStringLiteral("A\n1"), std::nullopt,
+                                       QStringLiteral("2"), QStringLiteral("1.5"),  QStringLiteral("3.00")};
+        const QStringList records = ExportRecords::Records(texts);
+        QCOMPARE(records.size(), 6);
+        QCOMPARE(records[0], QStringLiteral("FROM:,Org,,,,,,,,,"));
+        QCOMPARE(records[1].count(QLatin1Char(',')), 14);
+        QCOMPARE(records[3], QStringLiteral("NOTES:,two lines"));
+        QCOMPARE(records[5], QStringLiteral("LINE:1,A 1,No Item Found!,2,1.5,3.00"));
+        QCOMPARE(ExportRecords::FileContents(texts).count("\r\n"), 6);
+    }
+};
+
+QTEST_MAIN(TestOrderExport)
+#include "tst_orderexport.moc"

@@ -1,0 +1,177 @@
+#include "OrderDataFixture.h"
+#include "orders/OrderCancellation.h"
+#include "orders/OrderList.h"
+
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+
+// Walks a list from first to last and returns "number:status" for each order, checking on
+// the way that position, mask and text agree with the walk.
+QStringList walk(OrderList& list) {
+    QStringList seen;
+    if (list.isEmpty())
+        return seen;
+    if (!list.first())
+        return {QStringLiteral("first failed")};
+    for (int i = 1; i <= list.count(); ++i) {
+        if (list.position() != i)
+            return {QStringLiteral("position %1 at step %2").arg(list.position()).arg(i)};
+        seen << list.current().orderId + QLatin1Char(':') + list.current().status;
+        if (i < list.count() && !list.next())
+            return {QStringLiteral("next failed")};
+    }
+    return seen;
+}
+
+} // namespace
+
+class TestOrderLists : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    // Each mode's list holds its statuses only, grouped by letter in alphabetical order and
+    // never "C" or "R"; backwards gives the same orders in reverse.
+    void listsHoldTheirStatusesGroupedByLetter_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("load") << "ALL" << QStringList{"ABC1000002:E", "ABC1000007:E", "ABC1000001:L",
+                                                      "ABC1000003:P", "ABC1000005:S", "ABC1000004:X"};
+        QTest::newRow("print") << "EP" << QStringList{"ABC1000002:E", "ABC1000007:E", "ABC1000003:P"};
+        QTest::newRow("export") << "PX" << QStringList{"ABC1000003:P", "ABC1000004:X"};
+        QTest::newRow("receive") << "XS" << QStringList{"ABC1000005:S", "ABC1000004:X"};
+    }
+    void listsHoldTheirStatusesGroupedByLetter() {
+        QFETCH(QString, key);
+        QFETCH(QStringList, expected);
+        test::OrderDataFixture f;
+        const char* statuses[] = {"C", "L", "E", "P", "X", "S", "R", "E"};
+        for (int i = 0; i < 8; ++i)
+            f.addOrder(QStringLiteral("ABC100000%1").arg(i), QString::fromLatin1(statuses[i]));
+        OrderList list(f.vendorDb(), *OrderNavigation::keyFromName(key));
+        QVERIFY(list.open());
+        QCOMPARE(list.count(), expected.size());
+        QCOMPARE(walk(list), expected);
+
+        QStringList backwards;
+        QVERIFY(list.last());
+        for (int i = list.count(); i >= 1; --i) {
+            QCOMPARE(list.position(), i);
+            backwards.prepend(list.current().orderId + QLatin1Char(':') + list.current().status);
+            QVERIFY(list.previous());
+        }
+        QCOMPARE(backwards, expected);
+        QCOMPARE(list.position(), 1); // "<" at the first order stays there
+    }
+
+    // The navigation bar of a list of one and of three, as the user moves along it.
+    void masksAndPositionTexts() {
+        test::OrderDataFixture f;
+        f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("P"));
+        OrderList one(f.vendorDb(), OrderListKey::EP);
+        QVERIFY(one.open());
+        QCOMPARE(one.mask(), QStringLiteral("00100"));
+        QCOMPARE(one.positionText(), QStringLiteral("Record 1 of 1"));
+
+        f.addOrder(QStringLiteral("ABC1000001"), QStringLiteral("E"));
+        f.addOrder(QStringLiteral("ABC1000002"), QStringLiteral("E"));
+        OrderList three(f.vendorDb(), OrderListKey::EP);
+        QVERIFY(three.open());
+        QCOMPARE(three.mask(), QStringLiteral("00111"));
+        QVERIFY(three.next());
+        QCOMPARE(three.mask(), QStringLiteral("11111"));
+        QCOMPARE(three.positionText(), QStringLiteral("Record 2 of 3"));
+        QVERIFY(three.last());
+        QCOMPARE(three.mask(), QStringLiteral("11100"));
+        QCOMPARE(three.positionText(), QStringLiteral("Record 3 of 3"));
+        QCOMPARE(three.current().orderId, QStringLiteral("ABC1000000"));
+        QVERIFY(three.next()); // ">" at the last order stays there
+        QCOMPARE(three.position(), 3);
+        QVERIFY(three.first());
+        QCOMPARE(three.current().orderId, QStringLiteral("ABC1000001"));
+    }
+
+    void emptyListAndModeRules() {
+        test::OrderDataFixture f;
+        f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("R"));
+        f.addOrder(QStringLiteral("ABC1000001"), QStringLiteral("C"));
+        OrderList list(f.vendorDb(), OrderListKey::All);
+        QVERIFY(list.open());
+        QVERIFY(list.isEmpty());
+        QCOMPARE(list.position(), 0);
+        QVERIFY(list.next());
+
+        QCOMPARE(OrderNavigation::noOrdersText(QStringLiteral("LOADORDER")),
+                 QStringLiteral("There are no orders to load, please create a new order"));
+        QCOMPARE(OrderNavigation::noOrdersText(QStringLiteral("RCVORDER")),
+                 QStringLiteral("There are no orders to load, please select a different option"));
+        // A printed order may be printed again; a part-received one may not.
+        QVERIFY(OrderNavigation::acceptedStatuses(QStringLiteral("PRINTORDER")).contains(QStringLiteral("P")));
+        QVERIFY(!OrderNavigation::acceptedStatuses(QStringLiteral("PRINTORDER")).contains(QStringLiteral("S")));
+    }
+
+    // The header shows the order as stored, total with two decimals and grouping; browsing
+    // leaves the database alone.
+    void currentOrderIsReadNotWritten() {
+        test::OrderDataFixture f;
+        f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("E"), Money::fromPence(123450), QStringLiteral("n1"));
+        OrderList list(f.vendorDb(), OrderListKey::All);
+        QVERIFY(list.open());
+        const auto texts = OrderCancellation::HeaderTexts(list.current(), list.current().status);
+        QCOMPARE(texts[0], QStringLiteral("ABC1000000"));
+        QCOMPARE(texts[1], QStringLiteral("11/03/2020"));
+        QCOMPARE(texts[4], QStringLiteral("n1"));
+        QCOMPARE(texts[6], QStringLiteral("E"));
+        QCOMPARE(texts[7], QStringLiteral("1,234.50"));
+        QCOMPARE(f.orderStatus(QStringLiteral("ABC1000000")), QStringLiteral("E"));
+    }
+
+    // Cancelling: order "C" with total 0.00; lines already "C" stay, others become "C"; the
+    // quantities and a printed order's print date are kept.
+    void cancellingAnOrder() {
+        test::OrderDataFixture f;
+        f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("P"), Money::fromPence(900));
+        f.exec(QStringLiteral("UPDATE orderhead SET printdate = '2021-05-01' WHERE orderid = 'ABC1000000'"));
+        f.addLine(QStringLiteral("ABC1000000"), 1, QStringLiteral("A1"), 3, Money::fromPence(150), QStringLiteral("P"));
+        f.addLine(QStringLiteral("ABC1000000"), 2, QStringLiteral("A2"), 0, Money::fromPence(200), QStringLiteral("C"));
+        f.addLine(QStringLiteral("ABC1000000"), 3, QStringLiteral("A3"), 2, Money::fromPence(225), QStringLiteral("P"));
+        f.addOrder(QStringLiteral("ABC1000001"), QStringLiteral("P"), Money::fromPence(500));
+        f.addLine(QStringLiteral("ABC1000001"), 1, QStringLiteral("A1"), 1, Money::fromPence(500), QStringLiteral("P"));
+
+        QVERIFY(OrderCancellation::CancelOrder(f.vendorDb(), QStringLiteral("ABC1000000")));
+        QCOMPARE(f.orderStatus(QStringLiteral("ABC1000000")), QStringLiteral("C"));
+        QCOMPARE(f.value("orderhead", "totalval", "orderid", "ABC1000000").toLongLong(), 0);
+        QCOMPARE(f.value("orderhead", "printdate", "orderid", "ABC1000000").toString(), QStringLiteral("2021-05-01"));
+        QCOMPARE(f.lineStatuses(QStringLiteral("ABC1000000")), QStringLiteral("CCC"));
+        QCOMPARE(f.lineValue(QStringLiteral("ABC1000000"), 3, QStringLiteral("qty")).toInt(), 2);
+        QCOMPARE(f.lineValue(QStringLiteral("ABC1000000"), 3, QStringLiteral("lineval")).toLongLong(), 45000);
+        // Another order is untouched.
+        QCOMPARE(f.orderStatus(QStringLiteral("ABC1000001")), QStringLiteral("P"));
+        QCOMPARE(f.lineStatuses(QStringLiteral("ABC1000001")), QStringLiteral("P"));
+
+        QVERIFY(!OrderCancellation::CancelOrder(f.vendorDb(), QStringLiteral("ABC9999999")));
+    }
+
+    // Recovery finds the first live order; its header shows "L - Live" and the stored total.
+    void findingTheLiveOrder() {
+        test::OrderDataFixture f;
+        QVERIFY(OrderCancellation::FindLiveOrder(f.vendorDb()).value() == std::nullopt);
+        f.addOrder(QStringLiteral("ABC1000000"), QStringLiteral("E"));
+        f.addOrder(QStringLiteral("ABC1000002"), QStringLiteral("L"), Money::fromPence(450));
+        f.addOrder(QStringLiteral("ABC1000001"), QStringLiteral("L"), Money::fromPence(100));
+        auto live = OrderCancellation::FindLiveOrder(f.vendorDb());
+        QVERIFY(live && live.value());
+        const auto texts = OrderCancellation::RecoveredHeaderTexts(*live.value());
+        QCOMPARE(texts[0], QStringLiteral("ABC1000001"));
+        QCOMPARE(texts[6], QStringLiteral("L - Live"));
+        QCOMPARE(texts[7], QStringLiteral("1.00"));
+        QCOMPARE(f.orderStatus(QStringLiteral("ABC1000001")), QStringLiteral("L"));
+    }
+};
+
+QTEST_MAIN(TestOrderLists)
+#include "tst_orderlists.moc"

@@ -1,0 +1,127 @@
+#include "OrderDataFixture.h"
+#include "orders/Receiving.h"
+
+#include <QTest>
+
+using namespace ordwell;
+
+Q_DECLARE_METATYPE(ordwell::Receiving::Verdict)
+
+namespace {
+const QString Id = QStringLiteral("ABC1000000");
+
+// An exported order: A1 10 ordered, B2 4 ordered, and a cancelled C3.
+void exportedOrder(test::OrderDataFixture& f) {
+    f.addOrder(Id, QStringLiteral("X"), Money::fromPence(2400));
+    f.addLine(Id, 1, QStringLiteral("A1"), 10, Money::fromPence(200), QStringLiteral("X"));
+    f.addLine(Id, 2, QStringLiteral("B2"), 4, Money::fromPence(100), QStringLiteral("X"));
+    f.addLine(Id, 3, QStringLiteral("C3"), 0, Money::fromPence(500), QStringLiteral("C"), 0);
+}
+} // namespace
+
+class TestReceiving : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    void judgingTheReceivedBox_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<Receiving::Verdict>("verdict");
+        QTest::addColumn<int>("quantity");
+        using V = Receiving::Verdict;
+        QTest::newRow("part") << "3" << V::Book << 3;
+        QTest::newRow("all outstanding") << "10" << V::Book << 10;
+        QTest::newRow("one too many") << "11" << V::Refuse << 0;
+        QTest::newRow("zero passes over") << "0" << V::PassOver << 0;
+        QTest::newRow("zero written otherwise") << "00" << V::Refuse << 0;
+        QTest::newRow("negative") << "-2" << V::Refuse << 0;
+        QTest::newRow("fraction") << "1.5" << V::Refuse << 0;
+        QTest::newRow("exponent") << "1e1" << V::Refuse << 0;
+        QTest::newRow("empty") << "" << V::Ignore << 0;
+        QTest::newRow("letters") << "3a" << V::Ignore << 0;
+    }
+    void judgingTheReceivedBox() {
+        QFETCH(QString, typed);
+        QFETCH(Receiving::Verdict, verdict);
+        QFETCH(int, quantity);
+        const auto judged = Receiving::JudgeReceivedQuantity(typed, 10);
+        QCOMPARE(judged.verdict, verdict);
+        QCOMPARE(judged.quantity, quantity);
+    }
+
+    // Starting: the order and its live lines become "S"; cancelled lines count for nothing.
+    void startingAndCounting() {
+        test::OrderDataFixture f;
+        exportedOrder(f);
+        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("S"));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("SSC"));
+        const auto totals = Receiving::CountReceipt(f.vendorDb(), Id).value();
+        QCOMPARE(totals.ordered, 14);
+        QCOMPARE(totals.received, 0);
+        QVERIFY(!totals.complete());
+        // Taken up again while part received: written again, lines as they are.
+        f.exec(QStringLiteral("UPDATE orderline SET status = 'R', recvqty = 4 WHERE code = 'B2'"));
+        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("SRC"));
+    }
+
+    // 3 then 7 of 10: "S" with 7 outstanding, then "R"; a quantity beyond what is outstanding
+    // is refused without a change.
+    void receivingALineInParts() {
+        test::OrderDataFixture f;
+        exportedOrder(f);
+        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
+        auto first = Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 3, QDate(2024, 5, 1));
+        QVERIFY(first);
+        QCOMPARE(first.value().outstanding(), 7);
+        QCOMPARE(first.value().status, QStringLiteral("S"));
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvdate")).toString(), QStringLiteral("2024-05-01"));
+
+        QVERIFY(!Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 8));
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvqty")).toInt(), 3);
+
+        auto second = Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 7, QDate(2024, 5, 2));
+        QVERIFY(second);
+        QCOMPARE(second.value().outstanding(), 0);
+        QCOMPARE(second.value().status, QStringLiteral("R"));
+        QCOMPARE(second.value().line, 1);
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvdate")).toString(), QStringLiteral("2024-05-02"));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("RSC"));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("S"));
+        QCOMPARE(Receiving::CountReceipt(f.vendorDb(), Id).value().received, 10);
+        QVERIFY(!Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("C3"), 1));
+    }
+
+    // Receive All on a part-received order: every live line in full and "R", the order "R"
+    // with today's date; the cancelled line and the lines' own dates are untouched.
+    void receiveAllOnAPartReceivedOrder() {
+        test::OrderDataFixture f;
+        exportedOrder(f);
+        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
+        QVERIFY(Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 3, QDate(2024, 5, 1)));
+        QVERIFY(Receiving::CompleteReceipt(f.vendorDb(), Id, QDate(2024, 6, 1)));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("R"));
+        QCOMPARE(f.value("orderhead", "recvdate", "orderid", Id).toString(), QStringLiteral("2024-06-01"));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("RRC"));
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvqty")).toInt(), 10);
+        QCOMPARE(f.lineValue(Id, 2, QStringLiteral("recvqty")).toInt(), 4);
+        QCOMPARE(f.lineValue(Id, 3, QStringLiteral("recvqty")).toInt(), 0);
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvdate")).toString(), QStringLiteral("2024-05-01"));
+        QCOMPARE(f.lineValue(Id, 2, QStringLiteral("recvdate")).toString(), QStringLiteral("1980-07-04"));
+    }
+
+    // An order whose lines have all arrived counts as complete as soon as it is taken up.
+    void allReceivedAlready() {
+        test::OrderDataFixture f;
+        f.addOrder(Id, QStringLiteral("S"));
+        f.addLine(Id, 1, QStringLiteral("A1"), 5, Money::fromPence(100), QStringLiteral("R"), 5);
+        f.addLine(Id, 2, QStringLiteral("B2"), 0, Money::fromPence(100), QStringLiteral("C"));
+        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
+        QVERIFY(Receiving::CountReceipt(f.vendorDb(), Id).value().complete());
+    }
+};
+
+QTEST_MAIN(TestReceiving)
+#include "tst_receiving.moc"

@@ -1,0 +1,250 @@
+// The report-definition format: what the parser accepts, what it refuses and where, how
+// query text is read, and what the template helpers print.
+#include "reports/ReportData.h"
+#include "reports/ReportParser.h"
+#include "reports/ReportSql.h"
+#include "reports/ReportTemplate.h"
+#include "support/TestSupport.h"
+
+#include <QFile>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+
+QString minimal(const QString& extra = {}, const QString& body = QStringLiteral("<p>{{title}}</p>")) {
+    return QStringLiteral("[report]\ntitle = T\n") + extra + QStringLiteral("\n[body]\n") + body + QLatin1Char('\n');
+}
+
+void addRefused(const char* name, const QString& text, int line, const char* reason) {
+    QTest::newRow(name) << text << line << QString::fromUtf8(reason);
+}
+
+QString render(const QString& text, ReportData& data) {
+    ReportTemplate t(text);
+    auto out = t.render(data);
+    return out ? out.value() : QStringLiteral("ERROR: ") + out.message();
+}
+
+} // namespace
+
+class TestReportFormat : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+
+    void shippedReportsParse_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("parameters");
+        QTest::addColumn<int>("queries");
+        QTest::newRow("order form") << "ordform.rpt" << 3 << 4;
+        QTest::newRow("outstanding") << "outitms.rpt" << 0 << 3;
+        QTest::newRow("history") << "vendhist.rpt" << 0 << 3;
+    }
+    void shippedReportsParse() {
+        QFETCH(QString, file);
+        QFETCH(int, parameters);
+        QFETCH(int, queries);
+        QFile f(QStringLiteral(":/") + file);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        const auto parsed = parseReportDefinition(QString::fromUtf8(f.readAll()));
+        QVERIFY2(parsed.ok, qPrintable(parsed.describeError()));
+        QCOMPARE(parsed.definition.parameters.size(), parameters);
+        QCOMPARE(parsed.definition.queries.size(), queries);
+        QVERIFY(!parsed.definition.footer.isEmpty());
+    }
+
+    void pageSetUp() {
+        const auto parsed = parseReportDefinition(minimal(
+            QStringLiteral("paper = letter\norientation = Landscape\nmargins = 10 20\nfont = DejaVu Sans 11.5")));
+        QVERIFY2(parsed.ok, qPrintable(parsed.describeError()));
+        const ReportDefinition& d = parsed.definition;
+        QCOMPARE(d.paper, QPageSize::Letter);
+        QCOMPARE(d.orientation, QPageLayout::Landscape);
+        QCOMPARE(d.marginsMm, QMarginsF(20, 10, 20, 10));
+        QCOMPARE(d.fontFamily, QStringLiteral("DejaVu Sans"));
+        QCOMPARE(d.fontPoints, 11.5);
+        const auto four = parseReportDefinition(minimal(QStringLiteral("margins = 1 2 3 4")));
+        QCOMPARE(four.definition.marginsMm, QMarginsF(4, 1, 2, 3));
+    }
+
+    void parametersAndQueries() {
+        const QString text =
+            QStringLiteral("# comment\n[report]\ntitle = T\n"
+                           "[parameter ordnum]\nlabel = Order number\n"
+                           "[parameter from]\ndefault = 2020-01-01\n"
+                           "[query orders]\nSELECT * FROM orderhead WHERE orderid = :ordnum "
+                           "AND orderdate >= :from AND note1 <> ':notaparam' -- :nor this\n"
+                           "[query lines in orders]\nSELECT * FROM orderline WHERE orderid = :orderid;\n"
+                           "[body]\n  [indented text is template]\n{{#orders}}{{/orders}}\n");
+        const auto parsed = parseReportDefinition(text);
+        QVERIFY2(parsed.ok, qPrintable(parsed.describeError()));
+        const ReportDefinition& d = parsed.definition;
+        QCOMPARE(d.parameters.size(), 2);
+        QVERIFY(d.parameter(QStringLiteral("ordnum"))->required);
+        QVERIFY(!d.parameter(QStringLiteral("from"))->required);
+        QCOMPARE(d.queries.at(0).placeholders, QStringList({QStringLiteral("ordnum"), QStringLiteral("from")}));
+        QCOMPARE(d.queries.at(1).parent, QStringLiteral("orders"));
+        QCOMPARE(d.queries.at(1).placeholders, QStringList{QStringLiteral("orderid")});
+        QVERIFY(!d.queries.at(1).sql.endsWith(QLatin1Char(';')));
+        QVERIFY(d.body.text.contains(QLatin1String("[indented text is template]")));
+        QCOMPARE(d.body.firstLine, 13);
+    }
+
+    // Every refusal names the line a person has to look at.
+    void refused_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("line");
+        QTest::addColumn<QString>("reason");
+        addRefused("empty file", "", 0, "no [report] section");
+        addRefused("text first", "hello\n[report]\ntitle=T\n[body]\nx", 1, "before the first section");
+        addRefused("unknown section", minimal() + "[qeury x]\nSELECT 1", 6, "unknown section [qeury x]");
+        addRefused("unknown setting", "[report]\ntitle = T\npapr = A4\n[body]\nx", 3, "unknown setting \"papr\"");
+        addRefused("no equals", "[report]\ntitle T\n[body]\nx", 2, "name = value");
+        addRefused("bad paper", minimal("paper = A9"), 3, "unknown paper");
+        addRefused("bad margins", minimal("margins = 1 2 3"), 3, "one, two or four");
+        addRefused("no title", "[report]\npaper = A4\n[body]\nx", 1, "needs a title");
+        addRefused("no body", "[report]\ntitle = T\n", 0, "no [body]");
+        addRefused("two bodies", minimal() + "[body]\ny", 6, "second [body]");
+        addRefused("bad name", minimal() + "[query 9lives]\nSELECT 1", 6, "not a usable name");
+        addRefused("reserved name", minimal() + "[parameter page]", 6, "already gives");
+        addRefused("same name twice", minimal() + "[parameter a]\n[query a]\nSELECT 1", 7, "already used on line 6");
+        addRefused("undeclared parameter", minimal() + "[query q]\nSELECT * FROM items WHERE code = :code", 6,
+                   "uses :code, but there is no [parameter code]");
+        addRefused("parent later", minimal() + "[query a in b]\nSELECT 1\n[query b]\nSELECT 1", 6,
+                   "no query \"b\" comes before it");
+        addRefused("delete", minimal() + "[query q]\nDELETE FROM orderhead", 6,
+                   "must begin with SELECT or WITH, not DELETE");
+        addRefused("second statement", minimal() + "[query q]\nSELECT 1; DROP TABLE items", 6,
+                   "one SELECT statement only");
+        addRefused("positional", minimal() + "[query q]\nSELECT * FROM items WHERE code = ?", 6, "named with a colon");
+        addRefused("open quote", minimal() + "[query q]\nSELECT 'abc", 6, "never closed");
+        addRefused("unclosed section", minimal({}, "<p>\n{{#lines}}\n<td>"), 6, "{{#lines}} is never closed");
+        addRefused("stray close", minimal({}, "a\nb\n{{/lines}}"), 7,
+                   "{{/lines}} closes a section that was not opened");
+        addRefused("unclosed tag", minimal({}, "a\n{{title"), 6, "never closed with }}");
+        addRefused("footer error", minimal() + "[footer]\nPage {{#page}}", 7, "in [footer]");
+    }
+    void refused() {
+        QFETCH(QString, text);
+        QFETCH(int, line);
+        QFETCH(QString, reason);
+        const auto parsed = parseReportDefinition(text);
+        QVERIFY(!parsed.ok);
+        QVERIFY2(parsed.error.contains(reason), qPrintable(parsed.error));
+        QCOMPARE(parsed.errorLine, line);
+        if (line > 0)
+            QVERIFY(parsed.describeError().startsWith(QStringLiteral("line %1: ").arg(line)));
+    }
+
+    // Windows line ends and a byte-order mark's worth of oddities are still a report.
+    void crlfLineEnds() {
+        QString text = minimal(QStringLiteral("paper = A5"));
+        text.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+        const auto parsed = parseReportDefinition(text);
+        QVERIFY2(parsed.ok, qPrintable(parsed.describeError()));
+        QCOMPARE(parsed.definition.paper, QPageSize::A5);
+    }
+
+    void sqlScan_data() {
+        QTest::addColumn<QString>("sql");
+        QTest::addColumn<QString>("keyword");
+        QTest::addColumn<QStringList>("placeholders");
+        QTest::addColumn<bool>("usable");
+        QTest::newRow("plain") << QStringLiteral("SELECT a FROM t WHERE a = :x AND b = :x") << QStringLiteral("SELECT")
+                               << QStringList{"x"} << true;
+        QTest::newRow("comment first") << QStringLiteral("/* hi */ -- there\nselect 1") << QStringLiteral("SELECT")
+                                       << QStringList{} << true;
+        QTest::newRow("with") << QStringLiteral("WITH q AS (SELECT :a) SELECT * FROM q") << QStringLiteral("WITH")
+                              << QStringList{"a"} << true;
+        QTest::newRow("quoted colon") << QStringLiteral("SELECT \"a:b\", [c:d], `e:f`, 'it''s :g' FROM t")
+                                      << QStringLiteral("SELECT") << QStringList{} << true;
+        QTest::newRow("trailing semicolon")
+            << QStringLiteral("SELECT 1;  -- done") << QStringLiteral("SELECT") << QStringList{} << true;
+        QTest::newRow("update") << QStringLiteral("update t set a = 1") << QStringLiteral("UPDATE") << QStringList{}
+                                << false;
+        QTest::newRow("pragma") << QStringLiteral("PRAGMA query_only = OFF") << QStringLiteral("PRAGMA")
+                                << QStringList{} << false;
+        QTest::newRow("attach") << QStringLiteral("ATTACH 'x.db' AS x") << QStringLiteral("ATTACH") << QStringList{}
+                                << false;
+        QTest::newRow("two") << QStringLiteral("SELECT 1; SELECT 2") << QStringLiteral("SELECT") << QStringList{}
+                             << false;
+        QTest::newRow("dollar") << QStringLiteral("SELECT $x") << QStringLiteral("SELECT") << QStringList{} << false;
+        QTest::newRow("empty") << QStringLiteral("  -- nothing\n") << QStringLiteral("") << QStringList{} << false;
+        QTest::newRow("open comment") << QStringLiteral("SELECT 1 /* oops") << QStringLiteral("SELECT") << QStringList{}
+                                      << false;
+    }
+    void sqlScan() {
+        QFETCH(QString, sql);
+        QFETCH(QString, keyword);
+        QFETCH(QStringList, placeholders);
+        QFETCH(bool, usable);
+        const ReportSqlScan scan = scanReportSql(sql);
+        QCOMPARE(scan.firstKeyword, keyword);
+        QCOMPARE(scan.placeholders, placeholders);
+        QCOMPARE(scan.problem.isEmpty(), usable);
+    }
+
+    void helpersAndEscaping_data() {
+        QTest::addColumn<QString>("tpl");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("money") << QStringLiteral("{{#money}}{{amount}}{{/money}}") << QStringLiteral("1,234.57");
+        QTest::newRow("money half away from zero")
+            << QStringLiteral("{{#money}}{{negative}}{{/money}}") << QStringLiteral("-0.13");
+        QTest::newRow("money of real") << QStringLiteral("{{#money}}{{real}}{{/money}}") << QStringLiteral("2.50");
+        QTest::newRow("money of nothing")
+            << QStringLiteral("[{{#money}}{{missing}}{{/money}}]") << QStringLiteral("[]");
+        QTest::newRow("short date") << QStringLiteral("{{#date}}{{day}}{{/date}}") << QStringLiteral("11/03/2020");
+        QTest::newRow("date and time") << QStringLiteral("{{#date}}{{stamp}}{{/date}}") << QStringLiteral("04/07/1980");
+        QTest::newRow("long date") << QStringLiteral("{{#longdate}}{{day}}{{/longdate}}")
+                                   << QStringLiteral("Wednesday, 11 March 2020");
+        QTest::newRow("not a date") << QStringLiteral("{{#date}}{{text}}{{/date}}") << QStringLiteral("a &amp; b");
+        QTest::newRow("escaped") << QStringLiteral("{{text}}") << QStringLiteral("a &amp; b");
+        QTest::newRow("raw") << QStringLiteral("{{{text}}}") << QStringLiteral("a & b");
+        QTest::newRow("null is false") << QStringLiteral("{{#none}}x{{/none}}{{^none}}empty{{/none}}")
+                                       << QStringLiteral("empty");
+        QTest::newRow("empty is false") << QStringLiteral("{{^blank}}empty{{/blank}}") << QStringLiteral("empty");
+        QTest::newRow("zero is a value") << QStringLiteral("{{#zero}}[{{zero}}]{{/zero}}") << QStringLiteral("[0]");
+        QTest::newRow("rows") << QStringLiteral("{{#rows}}{{n}},{{/rows}}") << QStringLiteral("1,2,");
+    }
+    void helpersAndEscaping() {
+        QFETCH(QString, tpl);
+        QFETCH(QString, expected);
+        ReportData data = ReportData::object();
+        data.addHelpers(QLocale(QLocale::English, QLocale::UnitedKingdom));
+        data.set(QStringLiteral("amount"), qlonglong(12345678));
+        data.set(QStringLiteral("negative"), qlonglong(-1250));
+        data.set(QStringLiteral("real"), 25000.0);
+        data.set(QStringLiteral("day"), QStringLiteral("2020-03-11"));
+        data.set(QStringLiteral("stamp"), QStringLiteral("1980-07-04T10:30:00"));
+        data.set(QStringLiteral("text"), QStringLiteral("a & b"));
+        data.set(QStringLiteral("none"), QVariant());
+        data.set(QStringLiteral("blank"), QString());
+        data.set(QStringLiteral("zero"), qlonglong(0));
+        ReportData rows = ReportData::list();
+        for (int n : {1, 2}) {
+            ReportData row = ReportData::object();
+            row.set(QStringLiteral("n"), n);
+            rows.append(std::move(row));
+        }
+        data.set(std::string("rows"), std::move(rows));
+        QCOMPARE(render(tpl, data), expected);
+    }
+
+    // A helper used as a plain value is the one mistake only filling the template finds.
+    void helperMisusedIsAnError() {
+        ReportData data = ReportData::object();
+        data.addHelpers(QLocale());
+        ReportTemplate t(QStringLiteral("{{money}}"));
+        const auto out = t.render(data);
+        QVERIFY(!out);
+        QVERIFY2(out.message().contains(QLatin1String("{{#money}}")), qPrintable(out.message()));
+        // The same template object recovers for the next, correct use.
+        ReportTemplate ok(QStringLiteral("{{#money}}5000{{/money}}"));
+        QCOMPARE(ok.render(data).value(), QStringLiteral("0.50"));
+    }
+};
+
+QTEST_MAIN(TestReportFormat)
+#include "tst_reportformat.moc"

@@ -1,0 +1,567 @@
+// The report engine end to end: the shipped reports rendered from known orders and read back
+// from the PDF, each vendor's own data, bad report files, the report windows and the
+// headless command line.
+#include "ReportFixture.h"
+#include "common/Sql.h"
+#include "reports/HeadlessReport.h"
+#include "reports/ReportEngine.h"
+#include "reports/ReportViewer.h"
+#include "reports/ReportWindows.h"
+#include "reports/ShippedReports.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
+#include "store/Store.h"
+#include "support/TestSupport.h"
+#include "vendors/VendorSession.h"
+
+#include <QAction>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPrintPreviewWidget>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <unistd.h>
+
+using namespace ordwell;
+using namespace ordwell::test;
+
+namespace {
+
+const QString Address = QStringLiteral("Acme Stores,1 High St,Town,Shire,AB1 2CD");
+const QString Contact = QStringLiteral("Pat Smith,01234 567890,pat@acme.example");
+
+QString pdfText(const QString& pdf) {
+    QProcess p;
+    p.start(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")});
+    if (!p.waitForFinished(30000) || p.exitCode() != 0)
+        return QStringLiteral("pdftotext failed: ") + QString::fromLocal8Bit(p.readAllStandardError());
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+QByteArray fileHash(const QString& path) {
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
+}
+
+void writeText(const QString& path, const QString& text) {
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(text.toUtf8());
+}
+
+int pageCountOf(const QString& text) {
+    static const QRegularExpression pages(QStringLiteral("Page 1 of (\\d+)"));
+    const auto m = pages.match(text);
+    return m.hasMatch() ? m.captured(1).toInt() : 0;
+}
+
+} // namespace
+
+class TestReports : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { initTestEnvironment(); }
+
+    void init() {
+        m_folders = std::make_unique<TestFolders>();
+        m_abc = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("ABC"),
+                                                QStringLiteral("Bolt & Nut Supplies"));
+        m_abc->addStandardOrders();
+        QVERIFY(ShippedReports::installMissing(m_folders->dataDir()).isEmpty());
+    }
+    void cleanup() {
+        m_xyz.reset();
+        m_abc.reset();
+        m_folders.reset();
+    }
+
+    void orderForm() {
+        const QString text =
+            render(QStringLiteral("ordform.rpt"), {{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")},
+                                                   {QStringLiteral("custadd"), Address},
+                                                   {QStringLiteral("contdet"), Contact}});
+        for (const QString& expected : {QStringLiteral("Purchase Order ABC0000001"),
+                                        Address,
+                                        Contact,
+                                        QStringLiteral("Bolt & Nut Supplies"),
+                                        QStringLiteral("7 Dock Road"),
+                                        QStringLiteral("CUST-ABC"),
+                                        QStringLiteral("11/03/2024"),
+                                        QStringLiteral("Jo Bloggs"),
+                                        QStringLiteral("REF-1"),
+                                        QStringLiteral("Deliver to the back door"),
+                                        QStringLiteral("Ring before noon"),
+                                        QStringLiteral("Bolt 10 mm & washer"),
+                                        QStringLiteral("Nut <M10>"),
+                                        QStringLiteral("2.50"),
+                                        QStringLiteral("10.00"),
+                                        QStringLiteral("0.13"),
+                                        QStringLiteral("1.25"),
+                                        QStringLiteral("Total 11.25"),
+                                        QStringLiteral("2 lines"),
+                                        QStringLiteral("Page 1 of 1")})
+            QVERIFY2(text.contains(expected), qPrintable(expected + QStringLiteral(" missing from:\n") + text));
+        // The cancelled line is not sent to the vendor.
+        QVERIFY(!text.contains(QLatin1String("Split pin")));
+    }
+
+    void orderFormOverSeveralPages() {
+        const QString id = QStringLiteral("ABC0000099");
+        m_abc->addOrder(id, QStringLiteral("2024-04-01"), QStringLiteral("E"));
+        for (int line = 1; line <= 120; ++line)
+            m_abc->addLine(id, line, QStringLiteral("BOLT10"), QStringLiteral("E"), line, Money::fromPence(250));
+        const QString text = render(QStringLiteral("ordform.rpt"), {{QStringLiteral("ordnum"), id},
+                                                                    {QStringLiteral("custadd"), Address},
+                                                                    {QStringLiteral("contdet"), Contact}});
+        const int pages = pageCountOf(text);
+        QVERIFY2(pages >= 2, qPrintable(text.left(400)));
+        for (int page = 1; page <= pages; ++page)
+            QVERIFY(text.contains(QStringLiteral("Page %1 of %2").arg(page).arg(pages)));
+        // 1 + 2 + ... + 120 bolts at 2.50.
+        QVERIFY(text.contains(QLatin1String("Total 18,150.00")));
+        QVERIFY(text.contains(QLatin1String("300.00"))); // line 120
+    }
+
+    void outstandingItems() {
+        const QString text = render(QStringLiteral("outitms.rpt"));
+        QVERIFY(text.contains(QLatin1String("Order ABC0000001 of 11/03/2024, Exported, Jo Bloggs, reference REF-1")));
+        QVERIFY(text.contains(QLatin1String("Order ABC0000002 of 12/03/2024, Part received")));
+        for (const QString& absent : {QStringLiteral("ABC0000003"), QStringLiteral("ABC0000004"),
+                                      QStringLiteral("ABC0000005"), QStringLiteral("Split pin")})
+            QVERIFY2(!text.contains(absent), qPrintable(absent));
+        // Outstanding: 3 bolts (7.50) and 10 nuts (1.25) on order 1; 2 bolts (5.00) on order 2.
+        QVERIFY(text.contains(QLatin1String("Order ABC0000001: 2 lines outstanding")));
+        QVERIFY(text.contains(QLatin1String("8.75")));
+        QVERIFY(text.contains(QLatin1String("Order ABC0000002: 1 lines outstanding")));
+        QVERIFY(text.contains(QLatin1String("13.75")));
+        QVERIFY(text.contains(QLatin1String("Page 1 of 1")));
+        QVERIFY(text.contains(QLatin1String("Bolt & Nut Supplies (ABC)")));
+    }
+
+    void orderHistory() {
+        const QString text = render(QStringLiteral("vendhist.rpt"));
+        // Newest first.
+        const qsizetype list = text.indexOf(QLatin1String("Orders, newest"));
+        QVERIFY(list > 0);
+        qsizetype previous = list;
+        for (const char* id : {"ABC0000005", "ABC0000004", "ABC0000003", "ABC0000002", "ABC0000001"}) {
+            const qsizetype at = text.indexOf(QLatin1String(id), list);
+            QVERIFY2(at > previous, id);
+            previous = at;
+        }
+        for (const QString& expected :
+             {QStringLiteral("Printed"), QStringLiteral("Part received"), QStringLiteral("Received"),
+              QStringLiteral("Cancelled"), QStringLiteral("Exported"), QStringLiteral("20/03/2024"),
+              QStringLiteral("7.85"), QStringLiteral("11.25"), QStringLiteral("25.10"), QStringLiteral("Page 1 of 1")})
+            QVERIFY2(text.contains(expected), qPrintable(expected));
+    }
+
+    // Each vendor's reports read that vendor's database and nothing else.
+    void eachVendorReadsItsOwnDatabase() {
+        m_xyz = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("XYZ"),
+                                                QStringLiteral("Xylo Trading"));
+        m_xyz->addItem(QStringLiteral("XYLO"), QStringLiteral("Xylophone"), Money::fromPence(9900));
+        m_xyz->addOrder(QStringLiteral("XYZ0000001"), QStringLiteral("2024-05-01"), QStringLiteral("X"));
+        m_xyz->addLine(QStringLiteral("XYZ0000001"), 1, QStringLiteral("XYLO"), QStringLiteral("X"), 2,
+                       Money::fromPence(9900));
+        for (const QString& file : ShippedReports::fileNames()) {
+            if (file == Store::DefaultOrderFormFileName)
+                continue;
+            const QString abc = render(file);
+            const QString xyz = render(file, {}, QStringLiteral("XYZ"), QStringLiteral("Xylo Trading"));
+            QVERIFY(abc.contains(QLatin1String("ABC0000001")) && !abc.contains(QLatin1String("XYZ0000001")));
+            QVERIFY(xyz.contains(QLatin1String("XYZ0000001")) && !xyz.contains(QLatin1String("ABC0000001")));
+            QVERIFY(xyz.contains(QLatin1String("198.00")));
+        }
+        // The order form of one vendor does not find the other's order.
+        const QString wrong =
+            render(QStringLiteral("ordform.rpt"), {{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")}},
+                   QStringLiteral("XYZ"), QStringLiteral("Xylo Trading"));
+        QVERIFY(wrong.contains(QLatin1String("There is no order ABC0000001")));
+    }
+
+    // The worked example in the report-file guide is a report that runs and means what it says.
+    void guideExampleRuns() {
+        QFile guide(QStringLiteral(ORDWELL_SOURCE_DIR "/docs/reports.md"));
+        QVERIFY(guide.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(guide.readAll());
+        const qsizetype start = text.indexOf(QLatin1String("```ini\n"));
+        const qsizetype end = text.indexOf(QLatin1String("```"), start + 7);
+        QVERIFY(start >= 0 && end > start);
+        writeText(m_folders->dataFile(QStringLiteral("expiring.rpt")), text.mid(start + 7, end - start - 7));
+        QVERIFY(
+            Sql::run(m_abc->db(), QStringLiteral("UPDATE items SET priceexp = CASE code WHEN 'BOLT10' THEN "
+                                                 "'2025-02-10' WHEN 'NUT10' THEN '2025-03-31' ELSE '2026-01-01' END")));
+        const QString out =
+            render(QStringLiteral("expiring.rpt"), {{QStringLiteral("before"), QStringLiteral("2025-12-31")}});
+        for (const QString& expected :
+             {QStringLiteral("Prices Running Out"), QStringLiteral("Bolt & Nut Supplies (ABC)"),
+              QStringLiteral("before 31/12/2025"), QStringLiteral("2025-02: 1 items"),
+              QStringLiteral("2025-03: 1 items"), QStringLiteral("Bolt 10 mm & washer"), QStringLiteral("2.50"),
+              QStringLiteral("10/02/2025"), QStringLiteral("Nut <M10>"), QStringLiteral("Page 1 of 1")})
+            QVERIFY2(out.contains(expected), qPrintable(expected + QStringLiteral(" missing from:\n") + out));
+        QVERIFY(!out.contains(QLatin1String("Split pin")));
+    }
+
+    void badReportFiles_data() {
+        QTest::addColumn<QString>("content"); // empty: no file at all
+        QTest::addColumn<QString>("extraParameter");
+        QTest::addColumn<QString>("problem");
+        const QString head = QStringLiteral("[report]\ntitle = Bad\n");
+        QTest::newRow("missing") << QString() << QString() << QStringLiteral("the file does not exist");
+        QTest::newRow("not a report") << QStringLiteral("just some text\n") << QString()
+                                      << QStringLiteral("line 1: text before the first section");
+        QTest::newRow("template error") << head + QStringLiteral("[body]\n<p>{{#orders}}</p>\n") << QString()
+                                        << QStringLiteral("line 4: in [body]: {{#orders}} is never closed");
+        QTest::newRow("sql error") << head + QStringLiteral("[query q]\nSELECT nosuch FROM orderhead\n[body]\nx\n")
+                                   << QString()
+                                   << QStringLiteral("query \"q\" (line 3) could not run: no such column: nosuch");
+        QTest::newRow("undeclared parameter")
+            << head + QStringLiteral("[query q]\nSELECT * FROM orderhead WHERE orderid = :order\n[body]\nx\n")
+            << QString() << QStringLiteral("uses :order, but there is no [parameter order]");
+        QTest::newRow("unknown parameter given") << head + QStringLiteral("[body]\nx\n") << QStringLiteral("colour")
+                                                 << QStringLiteral("the report has no parameter \"colour\"");
+        QTest::newRow("required parameter missing")
+            << head + QStringLiteral("[parameter ordnum]\nlabel = Order number\n[body]\n{{ordnum}}\n") << QString()
+            << QStringLiteral("no value was given for the parameter \"ordnum\" (Order number)");
+        QTest::newRow("delete") << head + QStringLiteral("[query q]\nDELETE FROM orderhead\n[body]\nx\n") << QString()
+                                << QStringLiteral("must begin with SELECT or WITH");
+        QTest::newRow("select then delete")
+            << head + QStringLiteral("[query q]\nSELECT 1; DELETE FROM orderhead\n[body]\nx\n") << QString()
+            << QStringLiteral("one SELECT statement only");
+        QTest::newRow("write hidden in WITH")
+            << head + QStringLiteral("[query q]\nWITH x AS (SELECT 1) DELETE FROM orderhead\n[body]\nx\n") << QString()
+            << QStringLiteral("query \"q\" (line 3) tried to change the database; a report may only read");
+        QTest::newRow("write hidden in WITH, update")
+            << head + QStringLiteral("[query q]\nWITH x AS (SELECT 1) UPDATE orderhead SET status = 'C'\n[body]\nx\n")
+            << QString() << QStringLiteral("tried to change the database");
+        QTest::newRow("column not in parent")
+            << head + QStringLiteral("[query a]\nSELECT orderid FROM orderhead\n[query b in a]\n"
+                                     "SELECT * FROM orderline WHERE orderid = :nosuch\n[body]\nx\n")
+            << QString() << QStringLiteral("uses :nosuch, which is neither a parameter nor a column of query \"a\"");
+        QTest::newRow("helper as a value")
+            << head + QStringLiteral("[body]\n{{money}}\n") << QString()
+            << QStringLiteral("in [body]: money, date and longdate are used as sections");
+    }
+    void badReportFiles() {
+        QFETCH(QString, content);
+        QFETCH(QString, extraParameter);
+        QFETCH(QString, problem);
+        const QString file = m_folders->dataFile(QStringLiteral("bad.rpt"));
+        if (!content.isEmpty())
+            writeText(file, content);
+        const QByteArray before = fileHash(m_abc->databasePath());
+        ReportRequest request = requestFor(file);
+        if (!extraParameter.isEmpty())
+            request.parameters.insert(extraParameter, QStringLiteral("red"));
+        const QString pdf = m_folders->dataFile(QStringLiteral("bad.pdf"));
+        const Status status = ReportEngine::renderToPdf(request, pdf);
+        QVERIFY(!status);
+        QVERIFY2(status.message().startsWith(QStringLiteral("The report file \"%1\" could not be used: ").arg(file)),
+                 qPrintable(status.message()));
+        QVERIFY2(status.message().contains(problem), qPrintable(status.message()));
+        QVERIFY(!status.message().contains(QLatin1Char('\n')));
+        QVERIFY(!QFile::exists(pdf));
+        QCOMPARE(fileHash(m_abc->databasePath()), before);
+        QCOMPARE(Sql::scalar(m_abc->db(), QStringLiteral("SELECT COUNT(*) FROM orderhead WHERE status = 'C'"))->toInt(),
+                 1);
+    }
+
+    void unreadableReportFile() {
+        const QString dir = m_folders->dataFile(QStringLiteral("folder.rpt"));
+        QVERIFY(QDir().mkpath(dir));
+        const Status status = ReportEngine::renderToPdf(requestFor(dir), m_folders->dataFile(QStringLiteral("x.pdf")));
+        QVERIFY(status.message().contains(QLatin1String("it is not a file")));
+        if (geteuid() == 0)
+            return; // the super-user reads everything
+        const QString file = m_folders->dataFile(QStringLiteral("locked.rpt"));
+        writeText(file, QStringLiteral("[report]\ntitle = T\n[body]\nx\n"));
+        QFile::setPermissions(file, QFileDevice::WriteOwner);
+        const Status locked = ReportEngine::renderToPdf(requestFor(file), m_folders->dataFile(QStringLiteral("x.pdf")));
+        QVERIFY2(locked.message().contains(QLatin1String("could not be read")), qPrintable(locked.message()));
+    }
+
+    void missingVendorDatabase() {
+        ReportRequest request = requestFor(m_folders->dataFile(QStringLiteral("vendhist.rpt")));
+        request.databaseFile = m_folders->dataFile(QStringLiteral("QQQvendor.mdb"));
+        const Status status = ReportEngine::renderToPdf(request, m_folders->dataFile(QStringLiteral("x.pdf")));
+        QVERIFY(status.message().contains(QLatin1String("QQQvendor.mdb\" does not exist")));
+        QVERIFY(!QFile::exists(request.databaseFile));
+    }
+
+    // A user's own copy is never replaced; a missing one comes back.
+    void shippedReportsInstallOnlyWhenMissing() {
+        const QString mine = m_folders->dataFile(QStringLiteral("ordform.rpt"));
+        writeText(mine, QStringLiteral("[report]\ntitle = Mine\n[body]\nmine\n"));
+        QFile::remove(m_folders->dataFile(QStringLiteral("vendhist.rpt")));
+        QVERIFY(ShippedReports::installMissing(m_folders->dataDir()).isEmpty());
+        QCOMPARE(fileContents(mine), QByteArray("[report]\ntitle = Mine\n[body]\nmine\n"));
+        QCOMPARE(fileContents(m_folders->dataFile(QStringLiteral("vendhist.rpt"))),
+                 fileContents(QStringLiteral(":/vendhist.rpt")));
+        QVERIFY(QFileInfo(m_folders->dataFile(QStringLiteral("vendhist.rpt"))).isWritable());
+    }
+
+    // The menu entries open the viewers inside the main window, for the vendor open now,
+    // while a vendor-level tool window holds the menus; the menus and the count stay.
+    void reportWindowsFromTheMenu() {
+        m_xyz = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("XYZ"),
+                                                QStringLiteral("Xylo Trading"));
+        m_xyz->addOrder(QStringLiteral("XYZ0000001"), QStringLiteral("2024-05-01"), QStringLiteral("X"));
+        TestContext tc;
+        AppContext& ctx = tc.context();
+        // The fixtures made the data in a folder of their own; the context works on that one.
+        AppContext context(m_folders->dataDir(), tc.folders().settingsFile(), tc.prompter());
+        context.DesktopPath = m_folders->desktopDir();
+        Q_UNUSED(ctx);
+        storeOrganisationDetails(context);
+        auto window = openMainWindow(context);
+        openVendor(context, QStringLiteral("ABC"), QStringLiteral("Bolt & Nut Supplies"));
+        context.ApplyMenuMask(MenuMasks::VendorWindow);
+        ++context.OpenWindowCount; // as the order window would
+        const auto enabledBefore = enabledEntries(*window);
+
+        QVERIFY(window->menuEntry(QStringLiteral("mnurptoutitms"))->isEnabled());
+        window->triggerMenu(QStringLiteral("mnurptoutitms"));
+        ReportViewer* outstanding = findReportViewer(QStringLiteral("frmrptoutitm"));
+        QVERIFY(outstanding);
+        QCOMPARE(outstanding->windowTitle(), QStringLiteral("Outstanding Items"));
+        QVERIFY(qobject_cast<QMdiSubWindow*>(outstanding->parentWidget()));
+        auto* preview = outstanding->findChild<QPrintPreviewWidget*>(QStringLiteral("CRViewer91"));
+        QVERIFY(preview);
+        QCOMPARE(preview->pageCount(), 1);
+
+        window->triggerMenu(QStringLiteral("mnurptOrdhist"));
+        ReportViewer* history = findReportViewer(QStringLiteral("frmrpordhist"));
+        QVERIFY(history);
+        QCOMPARE(history->windowTitle(), QStringLiteral("Order History"));
+        QVERIFY(history->report()->bodyHtml().contains(QLatin1String("ABC0000001")));
+        QCOMPARE(context.OpenWindowCount, 1);
+        QCOMPARE(enabledEntries(*window), enabledBefore);
+        QVERIFY(tc.prompter().messages.isEmpty());
+
+        // Another vendor: asking again refills the same window from that vendor's database.
+        openVendor(context, QStringLiteral("XYZ"), QStringLiteral("Xylo Trading"));
+        window->triggerMenu(QStringLiteral("mnurptOrdhist"));
+        QCOMPARE(findReportViewer(QStringLiteral("frmrpordhist")), history);
+        QVERIFY(history->report()->bodyHtml().contains(QLatin1String("XYZ0000001")));
+        QVERIFY(!history->report()->bodyHtml().contains(QLatin1String("ABC0000001")));
+        QCOMPARE(window->mdiArea()->subWindowList().size(), 2);
+
+        // A broken report file is told, names the file, opens nothing more and changes nothing.
+        outstanding->parentWidget()->close();
+        QTRY_VERIFY(!findReportViewer(QStringLiteral("frmrptoutitm")));
+        const QString file = m_folders->dataFile(QStringLiteral("outitms.rpt"));
+        writeText(file, QStringLiteral("[report]\ntitle = X\n[query q]\nSELECT nosuch FROM items\n[body]\nx\n"));
+        window->triggerMenu(QStringLiteral("mnurptoutitms"));
+        QCOMPARE(tc.prompter().messages.size(), 1);
+        QCOMPARE(tc.prompter().messages.first().icon, MessageIcon::Critical);
+        QCOMPARE(tc.prompter().messages.first().title, QStringLiteral("Outstanding Items"));
+        QVERIFY(tc.prompter().lastText().contains(file));
+        QVERIFY(tc.prompter().lastText().contains(QLatin1String("no such column: nosuch")));
+        QVERIFY(!findReportViewer(QStringLiteral("frmrptoutitm")));
+        QCOMPARE(context.OpenWindowCount, 1);
+        --context.OpenWindowCount;
+        history->parentWidget()->close();
+        context.closeVendorDb();
+        window->exitProgram();
+    }
+
+    void viewerPagesAndPdf() {
+        for (int i = 10; i < 400; ++i)
+            m_abc->addOrder(QStringLiteral("ABC%1").arg(i, 7, 10, QLatin1Char('0')), QStringLiteral("2023-01-01"),
+                            QStringLiteral("R"));
+        ScriptedPrompter prompter;
+        AppContext context(m_folders->dataDir(), m_folders->settingsFile(), prompter);
+        context.DesktopPath = m_folders->desktopDir();
+        openVendor(context, QStringLiteral("ABC"), QStringLiteral("Bolt & Nut Supplies"));
+        ShowOrderHistoryReport(context);
+        ReportViewer* viewer = findReportViewer(QStringLiteral("frmrpordhist"));
+        QVERIFY(viewer);
+        const int pages = viewer->pageCount();
+        QVERIFY(pages >= 3);
+        auto* label = viewer->findChild<QLabel*>(QStringLiteral("lblpage"));
+        auto click = [viewer](const char* name) {
+            viewer->findChild<QPushButton*>(QString::fromLatin1(name))->click();
+        };
+        QCOMPARE(label->text(), QStringLiteral("Page 1 of %1").arg(pages));
+        QVERIFY(!viewer->findChild<QPushButton*>(QStringLiteral("cmdprevious"))->isEnabled());
+        click("cmdnext");
+        QCOMPARE(label->text(), QStringLiteral("Page 2 of %1").arg(pages));
+        click("cmdlast");
+        QCOMPARE(label->text(), QStringLiteral("Page %1 of %1").arg(pages));
+        QVERIFY(!viewer->findChild<QPushButton*>(QStringLiteral("cmdnext"))->isEnabled());
+        click("cmdfirst");
+        QCOMPARE(viewer->currentPage(), 1);
+        const qreal zoom = viewer->preview()->zoomFactor();
+        click("cmdzoomin");
+        QVERIFY(viewer->preview()->zoomFactor() > zoom);
+
+        // Save as PDF asks where through the prompter and writes every page.
+        const QString pdf = QDir(m_folders->desktopDir()).filePath(QStringLiteral("history"));
+        prompter.queueFile(pdf);
+        click("cmdsavepdf");
+        QCOMPARE(prompter.saveRequests.size(), 1);
+        QVERIFY(prompter.saveRequests.first().startFolder.endsWith(QLatin1String("Order History ABC.pdf")));
+        const QString text = pdfText(pdf + QStringLiteral(".pdf"));
+        QCOMPARE(pageCountOf(text), pages);
+        QVERIFY(text.contains(QStringLiteral("Page %1 of %1").arg(pages)));
+        // Cancelling the question writes nothing and says nothing.
+        prompter.queueFile(std::nullopt);
+        click("cmdsavepdf");
+        QVERIFY(prompter.messages.isEmpty());
+        viewer->close();
+        context.closeVendorDb();
+    }
+
+    // The order-lifecycle side calls this; a failure shows nothing and says why.
+    void orderFormWindow() {
+        ScriptedPrompter prompter;
+        AppContext context(m_folders->dataDir(), m_folders->settingsFile(), prompter);
+        const ReportParameterValues values{{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")},
+                                           {QStringLiteral("custadd"), Address},
+                                           {QStringLiteral("contdet"), Contact}};
+        const QString missing = m_folders->dataFile(QStringLiteral("ABCordform.rpt"));
+        Status shown = showOrderFormReport(context, missing, values);
+        QVERIFY(shown.message().contains(QLatin1String("No vendor is open")));
+        openVendor(context, QStringLiteral("ABC"), QStringLiteral("Bolt & Nut Supplies"));
+        shown = showOrderFormReport(context, missing, values);
+        QVERIFY(!shown);
+        QVERIFY(shown.message().contains(missing) && shown.message().contains(QLatin1String("does not exist")));
+        QVERIFY(!findReportViewer(QStringLiteral("frmprintreport")));
+        QVERIFY(prompter.messages.isEmpty());
+
+        // A report that leaves "contdet" unused still takes the three values.
+        writeText(missing, QStringLiteral("[report]\ntitle = Short form\n[parameter ordnum]\n[parameter custadd]\n"
+                                          "[body]\n<p>{{ordnum}} for {{custadd}}</p>\n"));
+        QVERIFY(showOrderFormReport(context, missing, values));
+        ReportViewer* viewer = findReportViewer(QStringLiteral("frmprintreport"));
+        QVERIFY(viewer);
+        QVERIFY(viewer->report()->bodyHtml().contains(QStringLiteral("ABC0000001 for ") + Address));
+        QCOMPARE(context.OpenWindowCount, 0);
+        viewer->close();
+        context.closeVendorDb();
+    }
+
+    void headlessRendering() {
+        const QString pdf = m_folders->dataFile(QStringLiteral("out.pdf"));
+        Options options;
+        options.dataDir = m_folders->dataDir();
+        options.vendorCode = QStringLiteral("ABC");
+        options.renderReport = QStringLiteral("ordform.rpt");
+        options.reportParameters = {{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")},
+                                    {QStringLiteral("custadd"), Address}};
+        options.pdfOutput = pdf;
+        QString error;
+        QCOMPARE(renderReportFromOptions(options, error), 0);
+        QVERIFY(pdfText(pdf).contains(Address));
+
+        options.vendorCode = QStringLiteral("QQQ");
+        QCOMPARE(renderReportFromOptions(options, error), 1);
+        QCOMPARE(error, QStringLiteral("There is no vendor with the code \"QQQ\"."));
+    }
+
+    // The program itself, as a script would run it: no window, exit code, one-line reason.
+    void headlessCommandLine_data() {
+        QTest::addColumn<QStringList>("extra");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("stderrText");
+        QTest::newRow("history") << QStringList{QStringLiteral("--render-report"), QStringLiteral("vendhist.rpt")} << 0
+                                 << QString();
+        QTest::newRow("order form")
+            << QStringList{QStringLiteral("--render-report"), QStringLiteral("ordform.rpt"),
+                           QStringLiteral("--param"),         QStringLiteral("ordnum=ABC0000001"),
+                           QStringLiteral("--param"),         QStringLiteral("custadd=") + Address,
+                           QStringLiteral("--param"),         QStringLiteral("contdet=") + Contact}
+            << 0 << QString();
+        QTest::newRow("unknown parameter")
+            << QStringList{QStringLiteral("--render-report"), QStringLiteral("vendhist.rpt"), QStringLiteral("--param"),
+                           QStringLiteral("colour=red")}
+            << 1 << QStringLiteral("the report has no parameter \"colour\"");
+        QTest::newRow("missing file") << QStringList{QStringLiteral("--render-report"), QStringLiteral("nosuch.rpt")}
+                                      << 1 << QStringLiteral("nosuch.rpt\" could not be used: the file does not exist");
+        QTest::newRow("no pdf") << QStringList{QStringLiteral("--render-report"), QStringLiteral("vendhist.rpt"),
+                                               QStringLiteral("--pdf"), QString()}
+                                << 2 << QStringLiteral("needs --pdf");
+    }
+    void headlessCommandLine() {
+        QFETCH(QStringList, extra);
+        QFETCH(int, exitCode);
+        QFETCH(QString, stderrText);
+        const QString pdf = m_folders->dataFile(QStringLiteral("cli.pdf"));
+        QStringList args{QStringLiteral("--data-dir"), m_folders->dataDir(),    QStringLiteral("--vendor"),
+                         QStringLiteral("ABC"),        QStringLiteral("--pdf"), pdf};
+        args += extra;
+        QProcess p;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.remove(QStringLiteral("DISPLAY"));
+        env.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        // Qt's own start-up notes on standard error are not the program's.
+        env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folders->desktopDir());
+        QFile::setPermissions(m_folders->desktopDir(),
+                              QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        p.setProcessEnvironment(env);
+        p.start(QStringLiteral(ORDWELL_BINARY), args);
+        QVERIFY(p.waitForFinished(60000));
+        const QString err = QString::fromUtf8(p.readAllStandardError()).trimmed();
+        QCOMPARE(p.exitCode(), exitCode);
+        if (exitCode == 0) {
+            QVERIFY2(err.isEmpty(), qPrintable(err));
+            QVERIFY(pdfText(pdf).contains(QLatin1String("ABC0000001")));
+        } else {
+            QVERIFY2(err.contains(stderrText), qPrintable(err));
+            if (exitCode == 1)
+                QVERIFY(!err.contains(QLatin1Char('\n')));
+            QVERIFY(!QFile::exists(pdf));
+        }
+    }
+
+private:
+    ReportRequest requestFor(const QString& file, const QString& code = QStringLiteral("ABC"),
+                             const QString& name = QStringLiteral("Bolt & Nut Supplies")) const {
+        ReportRequest request;
+        request.reportFile = file;
+        request.databaseFile = Store::vendorDatabasePath(m_folders->dataDir(), code);
+        request.vendorCode = code;
+        request.vendorName = name;
+        return request;
+    }
+
+    QString render(const QString& file, const ReportParameterValues& values = {},
+                   const QString& code = QStringLiteral("ABC"),
+                   const QString& name = QStringLiteral("Bolt & Nut Supplies")) const {
+        ReportRequest request = requestFor(m_folders->dataFile(file), code, name);
+        request.parameters = values;
+        const QString pdf = m_folders->dataFile(QStringLiteral("%1-%2.pdf").arg(code, file));
+        const Status written = ReportEngine::renderToPdf(request, pdf);
+        if (!written)
+            return QStringLiteral("FAILED: ") + written.message();
+        return pdfText(pdf);
+    }
+
+    static void openVendor(AppContext& context, const QString& code, const QString& name) {
+        const Status opened = context.vendorSession().open(code, name);
+        QVERIFY2(opened, qPrintable(opened.message()));
+    }
+
+    static QList<bool> enabledEntries(MainWindow& window) {
+        QList<bool> states;
+        for (QAction* a : window.maskedEntries())
+            states << a->isEnabled();
+        return states;
+    }
+
+    std::unique_ptr<TestFolders> m_folders;
+    std::unique_ptr<ReportFixture> m_abc;
+    std::unique_ptr<ReportFixture> m_xyz;
+};
+
+QTEST_MAIN(TestReports)
+#include "tst_reports.moc"
