@@ -1,4 +1,5 @@
 #include "Find.h"
+#include "common/PendingEvents.h"
 
 #include "FindForm.h"
 #include "shell/AppContext.h"
@@ -47,7 +48,7 @@ std::optional<QString> FindRecord(AppContext& context, QWidget* parent, const QS
 }
 
 void RestoreAfterFind(AppContext& context, const QString& mask) {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    letPendingEventsRun();
     context.ShowStatus(context.CurrentVendorName);
     context.ApplyMenuMask(mask);
 }

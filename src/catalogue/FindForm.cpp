@@ -1,4 +1,5 @@
 #include "FindForm.h"
+#include "common/PendingEvents.h"
 
 #include "common/WaitCursor.h"
 
@@ -83,7 +84,7 @@ void FindForm::fillList() {
         WaitCursor wait;
         m_list->setModel(m_model.get());
         m_list->setEnabled(true);
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        letPendingEventsRun();
     }
     m_count->setText(QStringLiteral("There are %1 records").arg(rows));
 }

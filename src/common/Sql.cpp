@@ -2,6 +2,7 @@
 
 namespace ordwell {
 
+// Warnings by default; QT_LOGGING_RULES="ordwell.store.info=true" also shows what the data refused.
 Q_LOGGING_CATEGORY(lcStore, "ordwell.store", QtWarningMsg)
 
 namespace Sql {

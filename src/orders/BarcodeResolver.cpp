@@ -32,6 +32,9 @@ std::optional<QString> BarcodeResolver::strip(const BarcodeRule& rule, const QSt
 
 Resolution BarcodeResolver::resolve(const QString& code) const {
     Resolution result{code, m_catalogue.findByCode(code)};
+    // Over an empty catalogue nothing can be found, and the code is left as typed.
+    if (!result.item && !m_rules.isEmpty() && m_catalogue.isEmpty())
+        return result;
     for (const BarcodeRule& rule : m_rules) {
         if (result.item)
             break;

@@ -11,11 +11,14 @@ namespace {
 const QString Columns = QStringLiteral("SELECT code, descr, packqty, defqty, price FROM items ");
 }
 
-ItemCatalogue::ItemCatalogue(QSqlDatabase db) : m_db(std::move(db)), m_byCode(m_db), m_byDescription(m_db) {
+ItemCatalogue::ItemCatalogue(QSqlDatabase db)
+    : m_db(std::move(db)), m_byCode(m_db), m_byDescription(m_db), m_any(m_db) {
     m_byCode.setForwardOnly(true);
     m_byCode.prepare(Columns + QStringLiteral("WHERE code = ?"));
     m_byDescription.setForwardOnly(true);
     m_byDescription.prepare(Columns + QStringLiteral("WHERE descr = ? ORDER BY code LIMIT 1"));
+    m_any.setForwardOnly(true);
+    m_any.prepare(QStringLiteral("SELECT 1 FROM items LIMIT 1"));
 }
 
 std::optional<CatalogueItem> ItemCatalogue::first(QSqlQuery& query, const QString& value) {
@@ -38,6 +41,12 @@ std::optional<CatalogueItem> ItemCatalogue::findByCode(const QString& code) {
     if (code.isEmpty())
         return std::nullopt;
     return first(m_byCode, code);
+}
+
+bool ItemCatalogue::isEmpty() {
+    const bool any = m_any.exec() && m_any.next();
+    m_any.finish();
+    return !any;
 }
 
 std::optional<CatalogueItem> ItemCatalogue::findByDescription(const QString& descr) {

@@ -28,6 +28,8 @@ public:
 
     // Nothing when no item has exactly this code (a code with a quote simply finds nothing).
     std::optional<CatalogueItem> findByCode(const QString& code);
+    // True when the catalogue holds no item at all.
+    bool isEmpty();
     // The first item with exactly this description.
     std::optional<CatalogueItem> findByDescription(const QString& descr);
 
@@ -42,6 +44,7 @@ private:
     QSqlDatabase m_db;
     QSqlQuery m_byCode;
     QSqlQuery m_byDescription;
+    QSqlQuery m_any;
 };
 
 } // namespace ordwell

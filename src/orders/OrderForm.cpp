@@ -88,6 +88,14 @@ bool OrderForm::event(QEvent* event) {
     }
     if (event->type() == QEvent::WindowActivate && !m_watchingFrame)
         onActivated();
+    if (event->type() == QEvent::LayoutRequest) {
+        // Rows of controls come and go with the screen state; the frame may never be smaller
+        // than the layout then needs, or the grid would run under the button row.
+        const bool handled = ToolWindow::event(event);
+        if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
+            frame->setMinimumSize(frame->minimumSizeHint());
+        return handled;
+    }
     return ToolWindow::event(event);
 }
 

@@ -1,11 +1,10 @@
 // Item entry: codes typed or scanned, barcode rules, unknown items and finding by description.
 #include "orders/OrderForm.h"
 
+#include "catalogue/Find.h"
 #include "common/FormHelpers.h"
 #include "common/TextChecks.h"
 #include "common/WaitCursor.h"
-#include "shell/MenuMasks.h"
-#include "vendors/VendorSession.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -216,11 +215,8 @@ void OrderForm::QuantityState() {
 }
 
 void OrderForm::FindItemByDescription() {
-    std::optional<QString> chosen;
-    if (m_hooks.ChooseDescription)
-        chosen = m_hooks.ChooseDescription(*this);
-    context().ShowStatus(context().vendorSession().name());
-    context().ApplyMenuMask(QStringLiteral("01000000000001100010"));
+    // The find window restores the main window's status and our menu mask once it has closed.
+    const std::optional<QString> chosen = Find::findItemDescription(context(), this, Find::OrderFormMask);
     if (!chosen || chosen->isEmpty()) {
         focusOn(m_ui.txtitem[Entry::Code]);
         return;

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <functional>
-#include <optional>
 
 class QKeyEvent;
 
@@ -11,7 +10,7 @@ namespace ordwell {
 class OrderForm;
 
 // The order form's steps that live in their own files (selection lists, cancellation and
-// recovery, printing, export, receiving, finding by description). Each is called with the
+// recovery, printing, export, receiving). Each is called with the
 // form; an empty one does nothing.
 struct OrderFormHooks {
     // Entry steps of the modes other than "NEWORDER".
@@ -31,9 +30,6 @@ struct OrderFormHooks {
     std::function<void(OrderForm&, int row)> ReceiveRowChosen;
     // A key in the received-quantity box; true when it was handled (and so swallowed).
     std::function<bool(OrderForm&, QKeyEvent* key)> txtrcvqty_KeyPress;
-
-    // The description chooser: the description chosen, or nothing.
-    std::function<std::optional<QString>(OrderForm&)> ChooseDescription;
 };
 
 // Fills the hooks of a new form; each part adds its own.

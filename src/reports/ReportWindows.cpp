@@ -54,7 +54,8 @@ Status showReport(AppContext& context, const QString& formName, const QString& c
             frame->setAttribute(Qt::WA_DeleteOnClose);
             frame->setWindowIcon(mainWindow->windowIcon());
             const QSize area = mainWindow->mdiArea()->viewport()->size();
-            frame->resize(qMax(400, area.width() * 9 / 10), qMax(300, area.height() * 9 / 10));
+            // Never narrower than the button row, which would otherwise be squeezed unreadable.
+            frame->resize(QSize(area.width() * 9 / 10, area.height() * 9 / 10).expandedTo(frame->minimumSizeHint()));
             frame->move(area.width() / 20, area.height() / 20);
         }
     }

@@ -26,19 +26,33 @@ QString applySplashMs(Options& options, const QStringList& values) {
     return {};
 }
 
-// Every occurrence counts: each gives one parameter.
+// Every --param, in order; a pair without a name is refused.
 QString applyReportParameters(Options& options, const QStringList& values) {
-    QString problem;
     for (const QString& pair : values) {
         const qsizetype eq = pair.indexOf(QLatin1Char('='));
-        if (eq <= 0) {
-            if (problem.isEmpty())
-                problem = S("--param needs name=value, not \"%1\".").arg(pair);
-            continue;
-        }
+        if (eq <= 0)
+            return S("--param needs name=value, not \"%1\".").arg(pair);
         options.reportParameters.append({pair.left(eq), pair.mid(eq + 1)});
     }
-    return problem;
+    return {};
+}
+
+// The options that only make sense together, once every option has been read.
+QString checkCombinations(const Options& options) {
+    if (!options.importFile.isEmpty() && !options.renderReport.isEmpty())
+        return S("--import-items and --render-report are separate runs.");
+    if (!options.renderReport.isEmpty()) {
+        if (options.vendorCode.isEmpty())
+            return S("--render-report needs --vendor CODE.");
+        if (options.pdfOutput.isEmpty())
+            return S("--render-report needs --pdf FILE.");
+        return {};
+    }
+    if (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty())
+        return S("--pdf and --param go with --render-report.");
+    if (options.vendorCode.isEmpty() != options.importFile.isEmpty())
+        return S("--vendor and --import-items are used together.");
+    return {};
 }
 
 void addToParser(QCommandLineParser& parser) {
@@ -109,20 +123,8 @@ Options parseOptions(const QStringList& arguments) {
         if (!problem.isEmpty() && options.error.isEmpty())
             options.error = problem;
     }
-    if (options.error.isEmpty() && !options.importFile.isEmpty() && !options.renderReport.isEmpty())
-        options.error = S("--import-items and --render-report are separate runs.");
-    if (options.error.isEmpty() && !options.renderReport.isEmpty()) {
-        if (options.vendorCode.isEmpty())
-            options.error = S("--render-report needs --vendor CODE.");
-        else if (options.pdfOutput.isEmpty())
-            options.error = S("--render-report needs --pdf FILE.");
-    }
-    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
-        (!options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
-        options.error = S("--pdf and --param go with --render-report.");
-    if (options.error.isEmpty() && options.renderReport.isEmpty() &&
-        options.vendorCode.isEmpty() != options.importFile.isEmpty())
-        options.error = S("--vendor and --import-items are used together.");
+    if (options.error.isEmpty())
+        options.error = checkCombinations(options);
     options.helpText = helpText();
     return options;
 }

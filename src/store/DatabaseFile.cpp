@@ -92,18 +92,24 @@ Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bo
             QStringLiteral("The database file \"%1\" does not exist.").arg(QDir::toNativeSeparators(path)));
     QSqlDatabase db = addConnection(connectionName, path, readOnly);
     if (!db.open()) {
-        const QString why = db.lastError().text();
+        Sql::logFailure(db.lastError(), QStringLiteral("open"));
+        const QString why = Sql::describe(db.lastError());
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(connectionName);
         return Status::fail(
             QStringLiteral("The database \"%1\" could not be opened: %2").arg(QDir::toNativeSeparators(path), why));
     }
     // SQLite opens any file lazily; reading the catalogue proves it is a database.
-    auto check = Sql::scalar(db, QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    Sql::Refusal why = Sql::Refusal::None;
+    const Status check = Sql::run(db, QStringLiteral("SELECT count(*) FROM sqlite_master"), {}, &why);
     if (!check) {
         db.close();
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(connectionName);
+        // A file another program holds is not a damaged one: say which it is.
+        if (why == Sql::Refusal::Busy)
+            return Status::fail(QStringLiteral("The database \"%1\" is in use by another program.")
+                                    .arg(QDir::toNativeSeparators(path)));
         return Status::fail(
             QStringLiteral("The file \"%1\" is not a usable database.").arg(QDir::toNativeSeparators(path)));
     }

@@ -73,7 +73,7 @@ public:
 
 } // namespace
 
-class TestBarcodeRules : public QObject {
+class TestBarcodeRules : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }

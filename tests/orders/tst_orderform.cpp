@@ -1,4 +1,5 @@
 #include "OrderFixture.h"
+#include "common/FormHelpers.h"
 #include "orders/BarcodeResolver.h"
 #include "orders/OrderWords.h"
 
@@ -54,6 +55,11 @@ void TestOrderForm::newOrdersAreNumberedInTurn() {
     QVERIFY(ui.chkunknown->isEnabled());
     QVERIFY(!ui.cmdnavbutton[0]->isVisible() && !ui.cmdrecv->isVisible());
     QCOMPARE(QApplication::focusWidget(), s.header(2));
+    // Boxes the user never types into stay green; the open header boxes are optional (white).
+    QCOMPARE(boxColour(s.header(0)), BoxColour::Locked);
+    QCOMPARE(boxColour(s.header(7)), BoxColour::Locked);
+    QCOMPARE(boxColour(s.header(2)), BoxColour::Optional);
+    QCOMPARE(boxColour(s.entry(0)), BoxColour::Locked);
 
     // A second new order while the first header is still being entered.
     s.click(ui.cmdbutton[0]);
@@ -83,6 +89,9 @@ void TestOrderForm::headerEntryWalksAndSaves() {
     QVERIFY(s.header(2)->isReadOnly());
     QVERIFY(!s.entry(0)->isReadOnly());
     QCOMPARE(QApplication::focusWidget(), s.entry(0));
+    QCOMPARE(boxColour(s.header(2)), BoxColour::Locked);
+    QCOMPARE(boxColour(s.entry(0)), BoxColour::Required);
+    QCOMPARE(boxColour(s.entry(2)), BoxColour::Locked);
     QVERIFY(!form->ui().cmdstartorder->isEnabled() && form->ui().cmdedit->isEnabled());
     QVERIFY(form->ui().cmdcancelord->isEnabled());
     QVERIFY(!form->ui().chkunknown->isEnabled());
@@ -248,6 +257,7 @@ void TestOrderForm::scannedCodeThroughRules() {
 
 void TestOrderForm::unknownItemSavedUnderStrippedCode() {
     OrderSession s;
+    s.addItem(QStringLiteral("A1"), QStringLiteral("Widget"), QStringLiteral("1.50"));
     s.addRule(QStringLiteral("99"), 2, 1);
     OrderForm* form = s.open();
     QTest::mouseClick(form->ui().chkunknown, Qt::LeftButton, {}, QPoint(4, form->ui().chkunknown->height() / 2));

@@ -65,12 +65,13 @@ int pageCountOf(const QString& text) {
 
 } // namespace
 
-class TestReports : public QObject {
+class TestReports : public StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { initTestEnvironment(); }
 
     void init() {
+        beginStrictTest();
         m_folders = std::make_unique<TestFolders>();
         m_abc = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("ABC"),
                                                 QStringLiteral("Bolt & Nut Supplies"));
@@ -81,6 +82,7 @@ private slots:
         m_xyz.reset();
         m_abc.reset();
         m_folders.reset();
+        endStrictTest();
     }
 
     void orderForm() {
@@ -147,11 +149,18 @@ private slots:
     }
 
     void orderHistory() {
+        m_abc->addOrder(QStringLiteral("ABC0000006"), QStringLiteral("2024-04-02"), QStringLiteral("E"));
+        m_abc->addLine(QStringLiteral("ABC0000006"), 1, QStringLiteral("PIN"), QStringLiteral("E"), 20,
+                       Money::fromPence(5));
         const QString text = render(QStringLiteral("vendhist.rpt"));
-        // Newest first.
+        // Newest first, under the month each was placed in.
         const qsizetype list = text.indexOf(QLatin1String("Orders, newest"));
         QVERIFY(list > 0);
-        qsizetype previous = list;
+        const qsizetype april = text.indexOf(QLatin1String("April 2024: 1 orders, 1.00"), list);
+        const qsizetype march = text.indexOf(QLatin1String("March 2024: 5 orders, 25.10"), list);
+        QVERIFY2(april > list && march > april, qPrintable(text));
+        QVERIFY(text.indexOf(QLatin1String("ABC0000006"), list) > april);
+        qsizetype previous = march;
         for (const char* id : {"ABC0000005", "ABC0000004", "ABC0000003", "ABC0000002", "ABC0000001"}) {
             const qsizetype at = text.indexOf(QLatin1String(id), list);
             QVERIFY2(at > previous, id);

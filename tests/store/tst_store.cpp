@@ -231,6 +231,28 @@ private slots:
         DatabaseFile::close(QStringLiteral("holder"));
     }
 
+    // A database another program is writing is in use, not damaged, and says so when opened.
+    void openingABusyDatabaseSaysItIsInUse() {
+        test::TestFolders folders;
+        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("ABC")));
+        const QString path = folders.dataFile(QStringLiteral("ABCvendor.mdb"));
+        {
+            QSqlDatabase holder = DatabaseFile::addConnection(QStringLiteral("holder"), path, false);
+            QVERIFY(holder.open());
+            QVERIFY(Sql::run(holder, QStringLiteral("BEGIN EXCLUSIVE")));
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result 5 ")));
+            const auto opened = DatabaseFile::open(QStringLiteral("reader"), path, true);
+            QVERIFY(!opened);
+            QVERIFY2(opened.message().contains(QLatin1String("is in use by another program")),
+                     qPrintable(opened.message()));
+            QVERIFY(!DatabaseFile::isOpen(QStringLiteral("reader")));
+            QVERIFY(Sql::run(holder, QStringLiteral("ROLLBACK")));
+        }
+        DatabaseFile::close(QStringLiteral("holder"));
+        QVERIFY(DatabaseFile::open(QStringLiteral("reader"), path, true));
+        DatabaseFile::close(QStringLiteral("reader"));
+    }
+
     // A statement is prepared once and runs again with new values, rows and refusals included.
     void preparedStatementRunsAgainWithNewValues() {
         test::TestFolders folders;

@@ -1,0 +1,196 @@
+// The order form over a catalogue of 1,000,000 items with 20 active barcode rules and an order of
+// 999 lines: how long loading the order into the grid takes, and one scan through the real form
+// (the code typed with Enter, resolved through the rules, the line recorded with the header's
+// total, the quantity confirmed). Prints "<name> <value> <unit>" lines.
+#include "SilentPrompter.h"
+#include "common/Prompter.h"
+#include "common/Sql.h"
+#include "orders/OrderForm.h"
+#include "orders/OrderFormOpener.h"
+#include "orders/OrderWords.h"
+#include "shell/AppContext.h"
+#include "shell/MainWindow.h"
+#include "store/Store.h"
+#include "vendors/VendorSession.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+using namespace ordwell;
+
+namespace {
+
+constexpr int ItemCount = 1000000;
+constexpr int RuleCount = 20;
+constexpr int LineCount = 999;
+constexpr int Scans = 300;
+constexpr int GridLoads = 15;
+const QString Vendor = QStringLiteral("BIG");
+const QString OrderId = QStringLiteral("BIG1000000");
+
+// The code of line n of the order: spread over the whole catalogue.
+int itemOfLine(int n) {
+    return n * 1000 + 7;
+}
+
+// The catalogue, the rules and the lines of the order the form will start (its header is made by
+// the form itself), written by a separate run so their cost stays out of the figures.
+int generate(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    const QString dataDir = QString::fromLocal8Bit(argv[2]);
+    if (!Store::CreateVendorDatabase(dataDir, Vendor))
+        return 1;
+    {
+        auto db = Store::OpenVendorDatabase(dataDir, Store::vendorFileName(Vendor), QStringLiteral("generate"));
+        if (!db)
+            return 1;
+        Sql::Transaction tx(*db);
+        const Status made[] = {
+            Sql::run(*db,
+                     QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                                    "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+                                    "SELECT printf('IT%08d', i), 'Item ' || ((i * 7919) % ?) || ' description', "
+                                    "1 + i % 12, 1 + i % 3, 10000 + (i % 5000) * 100, '2030-01-01' FROM n"),
+                     {ItemCount - 1, ItemCount}),
+            // Rules R01 to R20: a scan meant for the last one passes all the others first.
+            Sql::run(*db,
+                     QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                                    "INSERT INTO barcodes (codestart, skipfirst, skiplast, status) "
+                                    "SELECT printf('R%02d', i), 3, 1, 'A' FROM n"),
+                     {RuleCount}),
+            Sql::run(*db,
+                     QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                                    "INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, "
+                                    "lineval, recvqty, recvdate) "
+                                    "SELECT ?, i, printf('IT%08d', i * 1000 + 7), '2026-01-05', 'L', 2, "
+                                    "10000 + ((i * 1000 + 7) % 5000) * 100, 2 * (10000 + ((i * 1000 + 7) % 5000) * "
+                                    "100), 0, '1980-07-04' FROM n"),
+                     {LineCount, OrderId}),
+            Sql::run(*db,
+                     QStringLiteral("INSERT INTO vendor (vendorid, customerid, add1, county, postcode, repname, "
+                                    "nextord, ordform) VALUES (?, 'C1', '1 Road', 'Kent', 'CT1 1AA', 'Rep', 1000000, "
+                                    "'ordform.rpt')"),
+                     {Vendor}),
+        };
+        for (const Status& s : made) {
+            if (!s) {
+                std::fprintf(stderr, "%s\n", qPrintable(s.message()));
+                return 1;
+            }
+        }
+        if (!tx.commit())
+            return 1;
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("generate"));
+    return 0;
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+bool waitFor(const std::function<bool()>& done) {
+    QElapsedTimer waited;
+    waited.start();
+    while (!done()) {
+        if (waited.elapsed() > 10000)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc == 3 && qstrcmp(argv[1], "--generate") == 0)
+        return generate(argc, argv);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QTemporaryDir dir;
+    if (QProcess::execute(QCoreApplication::applicationFilePath(), {QStringLiteral("--generate"), dir.path()}) != 0) {
+        std::fprintf(stderr, "cannot make the catalogue\n");
+        return 1;
+    }
+
+    SilentPrompter prompter;
+    AppContext context(dir.path(), dir.filePath(QStringLiteral("settings.ini")), prompter);
+    if (!context.vendorSession().open(Vendor, QStringLiteral("Big Catalogue Ltd"))) {
+        std::fprintf(stderr, "cannot open the vendor\n");
+        return 1;
+    }
+    int status = 0;
+    {
+        MainWindow window(context);
+        window.resize(1200, 900);
+        window.show();
+        window.activateWindow();
+        OrderForm* form = openOrderForm(window, context, OrderMode::New);
+        if (!waitFor([form] { return form->ActivatedOnce; })) {
+            std::fprintf(stderr, "the order form was never activated\n");
+            return 1;
+        }
+        if (form->ui().txtheader[0]->text() != OrderId) {
+            std::fprintf(stderr, "unexpected order number %s\n", qPrintable(form->ui().txtheader[0]->text()));
+            return 1;
+        }
+
+        // The order's lines into the grid, as every mode that brings an order up does.
+        std::vector<double> loads;
+        for (int i = 0; i < GridLoads; ++i) {
+            form->ClearLineGrid();
+            QCoreApplication::processEvents();
+            QElapsedTimer timer;
+            timer.start();
+            form->LoadOrderLines();
+            QCoreApplication::processEvents(); // painted
+            loads.push_back(timer.nsecsElapsed() / 1e6);
+        }
+        if (!form->lineBook() || form->lineBook()->nextLineNumber() != LineCount + 1) {
+            std::fprintf(stderr, "the order's lines were not loaded\n");
+            return 1;
+        }
+
+        // The total box as the order stands, so each merge moves it as it would for the user.
+        const auto total = Sql::scalar(
+            context.vendorDb(), QStringLiteral("SELECT SUM(lineval) FROM orderline WHERE orderid = ?"), {OrderId});
+        form->showTotal(Money::fromTenThousandths(total ? total->toLongLong() : 0));
+        form->ui().cmdstartorder->click();
+        std::vector<double> scans;
+        for (int n = 0; n < Scans; ++n) {
+            // Every scan needs the last rule, and merges into a line spread across the order.
+            const int line = 1 + (n * 337) % LineCount;
+            const QString code = QStringLiteral("R%1IT%2X")
+                                     .arg(RuleCount, 2, 10, QLatin1Char('0'))
+                                     .arg(itemOfLine(line), 8, 10, QLatin1Char('0'));
+            QElapsedTimer timer;
+            timer.start();
+            QTest::keyClicks(QApplication::focusWidget(), code);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            scans.push_back(timer.nsecsElapsed() / 1e6);
+        }
+        const auto lines =
+            Sql::scalar(context.vendorDb(),
+                        QStringLiteral("SELECT COUNT(*) FROM orderline WHERE orderid = ? AND qty > 2"), {OrderId});
+        if (!lines || lines->toInt() < 100 || prompter.shown) {
+            std::fprintf(stderr, "the scans were not recorded\n");
+            status = 1;
+        }
+        std::printf("grid_load_999_ms %.1f ms\n", median(loads));
+        std::printf("scan_median_ms %.2f ms\n", median(scans));
+        form->ui().cmdbutton[5]->click();
+    }
+    context.vendorSession().close();
+    return status;
+}

@@ -1,0 +1,215 @@
+// Item entry on the order form: finding by description, codes over an empty catalogue, a scanner
+// whose keys arrive while earlier scans are still being stored, and the vendor session's hand-over.
+#include "OrderFixture.h"
+#include "catalogue/Find.h"
+#include "orders/OrderWords.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+#include <QWindow>
+
+using namespace ordwell;
+using test::OrderSession;
+
+class TestItemEntry : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+    void findByDescription_data();
+    void findByDescription();
+    void emptyCatalogueKeepsCodeAsTyped();
+    void queuedScansLandInTheirBoxes();
+    void vendorSessionOpensTheFormLive();
+    void screenshots();
+};
+
+void TestItemEntry::findByDescription_data() {
+    QTest::addColumn<QString>("answer"); // empty: the user cancelled
+    QTest::addColumn<QString>("code");   // the code box afterwards; empty: nothing filled
+    QTest::addColumn<QString>("message");
+    QTest::newRow("chosen") << "Cog"
+                            << "C3"
+                            << "";
+    QTest::newRow("cancelled") << ""
+                               << ""
+                               << "";
+    QTest::newRow("gone from the catalogue") << "Sprocket"
+                                             << ""
+                                             << "Item description not found.";
+}
+
+void TestItemEntry::findByDescription() {
+    QFETCH(QString, answer);
+    QFETCH(QString, code);
+    QFETCH(QString, message);
+    OrderSession s;
+    s.addItem(QStringLiteral("A1"), QStringLiteral("Widget"), QStringLiteral("1.50"));
+    s.addItem(QStringLiteral("C3"), QStringLiteral("Cog"), QStringLiteral("1234.5"), 12, 4);
+    OrderForm* form = s.open();
+    s.startOrder();
+    QString prompt;
+    Find::ScriptedFind find([&](const QString& shownPrompt, const FindQuery&) -> std::optional<QString> {
+        prompt = shownPrompt;
+        if (answer.isEmpty())
+            return std::nullopt;
+        return answer;
+    });
+    s.click(form->ui().cmdfinditem);
+    QCOMPARE(prompt, QStringLiteral("Type item description to find"));
+    QCOMPARE(s.entry(0)->text(), code);
+    if (!code.isEmpty()) {
+        // Filled as a scanned item would be: the default quantity ready to confirm.
+        QCOMPARE(s.entry(1)->text(), answer);
+        QCOMPARE(s.entry(2)->text(), QStringLiteral("4"));
+        QCOMPARE(s.entry(3)->text(), QStringLiteral("1,234.50"));
+        QCOMPARE(s.entry(4)->text(), QStringLiteral("12"));
+        QCOMPARE(QApplication::focusWidget(), s.entry(2));
+        QTest::keyClick(s.entry(2), Qt::Key_Return);
+        QCOMPARE(s.lines(QStringLiteral("ABC1000000")).size(), 1);
+        QCOMPARE(s.header(7)->text(), QStringLiteral("4,938.00"));
+    } else if (message.isEmpty()) {
+        QCOMPARE(QApplication::focusWidget(), s.entry(0));
+    }
+    QCOMPARE(s.prompter().lastText(), message);
+    if (!message.isEmpty()) {
+        QCOMPARE(s.prompter().messages.last().title, QStringLiteral("Item Description Error"));
+        QCOMPARE(s.prompter().messages.last().icon, MessageIcon::Critical);
+    }
+    // The main window still shows the vendor while the form is open.
+    QVERIFY(!s.window().menuEntry(QStringLiteral("mnuNewOrd"))->isEnabled());
+}
+
+void TestItemEntry::emptyCatalogueKeepsCodeAsTyped() {
+    // Nothing can be found in an empty catalogue, so the rules are not tried either: an unknown
+    // item is then offered under the code as scanned.
+    OrderSession s;
+    s.addRule(QStringLiteral("99"), 2, 1);
+    OrderForm* form = s.open();
+    form->ui().chkunknown->setChecked(true);
+    s.startOrder();
+    QTest::keyClicks(s.entry(0), QStringLiteral("99zzzx"));
+    QTest::keyClick(s.entry(0), Qt::Key_Return);
+    QCOMPARE(s.entry(0)->text(), QStringLiteral("99ZZZX"));
+    QCOMPARE(QApplication::focusWidget(), s.entry(1));
+    // With an item in it the same scan is stripped.
+    s.addItem(QStringLiteral("A1"), QStringLiteral("Widget"), QStringLiteral("1.50"));
+    s.click(form->ui().cmdbutton[MainButton::NewOrder]);
+    form->ui().chkunknown->setChecked(true);
+    s.startOrder();
+    QTest::keyClicks(s.entry(0), QStringLiteral("99ZZZX"));
+    QTest::keyClick(s.entry(0), Qt::Key_Return);
+    QCOMPARE(s.entry(0)->text(), QStringLiteral("ZZZ"));
+}
+
+void TestItemEntry::queuedScansLandInTheirBoxes() {
+    // A scanner types faster than a line is stored: every key of the session is queued before
+    // the first is handled, and each must still reach the box that has the focus by then.
+    OrderSession s;
+    for (int i = 0; i < 10; ++i)
+        s.addItem(QStringLiteral("Q%1").arg(i), QStringLiteral("Queued %1").arg(i), QStringLiteral("0.%15").arg(i), 1,
+                  1 + i % 2);
+    s.addRule(QStringLiteral("7"), 1, 2);
+    s.open();
+    s.startOrder();
+    QWindow* window = s.window().windowHandle();
+    QVERIFY(window);
+    auto post = [window](Qt::Key key, const QString& text) {
+        QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
+        QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyRelease, key, Qt::NoModifier, text));
+    };
+    QMap<QString, int> expected;
+    Money total;
+    for (int n = 0; n < 100; ++n) {
+        const int i = (n * 3) % 10;
+        const QString code = QStringLiteral("Q%1").arg(i);
+        const QString scanned = n % 3 ? code : QStringLiteral("7%1CK").arg(code);
+        for (const QChar c : scanned)
+            post(Qt::Key(c.unicode()), QString(c));
+        post(Qt::Key_Return, QStringLiteral("\r")); // the code
+        post(Qt::Key_Return, QStringLiteral("\r")); // its default quantity
+        expected[code] += 1 + i % 2;
+        total += *Money::parse(QStringLiteral("0.%15").arg(i)) * (1 + i % 2);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(s.header(7)->text(), total.toString(), 20000);
+    const auto lines = s.lines(QStringLiteral("ABC1000000"));
+    QCOMPARE(lines.size(), expected.size());
+    for (const auto& line : lines)
+        QCOMPARE(line.qty, expected.value(line.code));
+    QCOMPARE(s.orderTotal(QStringLiteral("ABC1000000")), total);
+    QVERIFY(s.entry(0)->text().isEmpty());
+    QCOMPARE(QApplication::focusWidget(), s.entry(0));
+    QVERIFY(s.prompter().messages.isEmpty());
+}
+
+void TestItemEntry::vendorSessionOpensTheFormLive() {
+    OrderSession s;
+    // The vendor session hands a live order over through the context, not through the menus.
+    s.ctx().openOrderForm(OrderMode::Live);
+    auto* form = s.window().findChild<OrderForm*>(QStringLiteral("frmorder"));
+    QVERIFY(form);
+    QCOMPARE(form->OrderMode, OrderMode::Live);
+    QCOMPARE(s.ctx().OpenWindowCount, 1);
+    QVERIFY(!s.window().menuEntry(QStringLiteral("mnuNewOrd"))->isEnabled());
+    delete form->parentWidget();
+}
+
+void TestItemEntry::screenshots() {
+    // Photographs of the form as the user sees it: run under xvfb-run with the xcb platform.
+    const QString out = qEnvironmentVariable("ORDWELL_SCREENSHOT_DIR");
+    if (out.isEmpty())
+        QSKIP("set ORDWELL_SCREENSHOT_DIR (and QT_QPA_PLATFORM=xcb under xvfb-run) to photograph the form");
+    auto shoot = [&out](const QString& name) {
+        QTest::qWait(400);
+        const QString path = out + QLatin1Char('/') + name;
+        QFile::remove(path);
+        QCOMPARE(QProcess::execute(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"), path}),
+                 0);
+        QVERIFY(QFile::exists(path));
+    };
+    OrderSession s;
+    const char* items[][3] = {
+        {"PA480", "Copier paper A4 80gsm, box of 5 reams", "18.95"},
+        {"EN0DL", "Envelopes DL white, box of 500", "12.40"},
+        {"PB100", "Ballpoint pens blue, box of 50", "6.75"},
+        {"ST026", "Staples 26/6, box of 5000", "1.85"},
+        {"FL2RA", "Lever arch files A4, pack of 10", "21.30"},
+        {"TN305", "Toner cartridge black", "64.99"},
+        {"PI100", "Sticky notes 76x76mm, pack of 12", "7.20"},
+        {"HL4CL", "Highlighters assorted, wallet of 4", "3.15"},
+        {"LB21L", "Address labels 21 per sheet, 100 sheets", "15.60"},
+        {"CL25M", "Paper clips 25mm, box of 1000", "2.45"},
+        {"WB2MK", "Whiteboard markers, pack of 4", "4.80"},
+        {"NB5AR", "Notebooks A5 ruled, pack of 5", "9.95"},
+    };
+    for (const auto& item : items)
+        s.addItem(QLatin1String(item[0]), QLatin1String(item[1]), QLatin1String(item[2]), 1, 2);
+    s.window().resize(1280, 760);
+    s.window().move(0, 0);
+    s.window().ShowStatus(QStringLiteral("Acme Ltd"));
+    OrderForm* form = s.open();
+    QVERIFY(form);
+    QTest::keyClicks(s.header(2), QStringLiteral("Jo Marsh"));
+    QTest::keyClick(s.header(2), Qt::Key_Return);
+    QTest::keyClicks(s.header(3), QStringLiteral("Spring restock"));
+    QTest::keyClick(s.header(3), Qt::Key_Return);
+    QTest::keyClicks(s.header(4), QStringLiteral("Deliver to the back office, ring ahead"));
+    shoot(QStringLiteral("frmorder-header-entry.png"));
+    s.startOrder();
+    int n = 0;
+    for (const auto& item : items)
+        s.scan(QLatin1String(item[0]), QString::number(1 + (n++ * 5) % 7));
+    QCOMPARE(s.lines(QStringLiteral("ABC1000000")).size(), 12);
+    s.entry(0)->setText(QStringLiteral("PA480"));
+    QTest::keyClick(s.entry(0), Qt::Key_Return);
+    shoot(QStringLiteral("frmorder-line-entry.png"));
+}
+
+QTEST_MAIN(TestItemEntry)
+#include "tst_itementry.moc"
