@@ -1,5 +1,7 @@
 #include "OrderFixture.h"
 
+#include "orders/OrderWords.h"
+
 #include "common/Sql.h"
 #include "shell/MenuMasks.h"
 #include "store/Store.h"
@@ -47,9 +49,17 @@ void OrderSession::addRule(const QString& start, int skipFirst, int skipLast, co
              {start, skipFirst, skipLast, status});
 }
 
+OrderForm* OrderSession::openLive() {
+    return openThrough([this] { ctx().openOrderForm(OrderMode::Live); });
+}
+
 OrderForm* OrderSession::open(const QString& menuEntry) {
+    return openThrough([this, menuEntry] { m_window->triggerMenu(menuEntry); });
+}
+
+OrderForm* OrderSession::openThrough(const std::function<void()>& opener) {
     m_window->activateWindow();
-    m_window->triggerMenu(menuEntry);
+    opener();
     m_form = m_window->findChild<OrderForm*>(QStringLiteral("frmorder"));
     if (m_form && !QTest::qWaitFor([this] { return m_form->ActivatedOnce; }, 5000))
         qWarning("the order form was never activated");

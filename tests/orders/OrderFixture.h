@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QSqlDatabase>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 namespace ordwell::test {
@@ -30,6 +31,8 @@ public:
 
     // Opens the form through the menu entry and waits for its first activation.
     OrderForm* open(const QString& menuEntry = QStringLiteral("mnuNewOrd"));
+    // Opens the form as the vendor session does when a live order was left behind.
+    OrderForm* openLive();
     OrderForm* form() { return m_form; }
     QLineEdit* header(int i) { return m_form->ui().txtheader[i]; }
     QLineEdit* entry(int i) { return m_form->ui().txtitem[i]; }
@@ -57,6 +60,8 @@ public:
     QList<StoredLine> lines(const QString& orderId);
 
 private:
+    OrderForm* openThrough(const std::function<void()>& opener);
+
     TestContext m_context;
     std::unique_ptr<MainWindow> m_window;
     QPointer<OrderForm> m_form;

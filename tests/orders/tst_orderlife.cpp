@@ -302,6 +302,25 @@ private slots:
 
     // "Receive All" on a part-received order closes it without a message; an order whose
     // lines have all come closes as soon as it is taken up.
+    // A live order left by a crash comes back with its header and lines, ready for entry to go on.
+    void recoveringTheLiveOrder() {
+        OrderSession s;
+        s.addItem(QStringLiteral("A1"), QStringLiteral("Apple"), QStringLiteral("1.50"));
+        addOrder(s, QStringLiteral("ABC0000007"), OrderStatus::Live, QStringLiteral("4.50"));
+        addLine(s, QStringLiteral("ABC0000007"), 1, QStringLiteral("A1"), 3, OrderStatus::Live);
+        OrderForm* form = s.openLive();
+        QVERIFY(form);
+        QCOMPARE(s.header(0)->text(), QStringLiteral("ABC0000007"));
+        QCOMPARE(s.header(6)->text(), QStringLiteral("L - Live"));
+        QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order recovered"));
+        QCOMPARE(QApplication::focusWidget(), s.entry(0));
+        s.scan(QStringLiteral("A1"), QStringLiteral("2"));
+        const auto lines = s.lines(QStringLiteral("ABC0000007"));
+        QCOMPARE(lines.size(), 1);
+        QCOMPARE(lines.first().qty, 5);
+        QCOMPARE(s.orderTotal(QStringLiteral("ABC0000007")), *Money::parse(QStringLiteral("7.50")));
+    }
+
     void receivingAll() {
         OrderSession s;
         addOrder(s, QStringLiteral("ABC0000001"), OrderStatus::PartReceived);
