@@ -172,6 +172,7 @@ void OrderForm::buildControls() {
     m_ui.txtrcvqty = new QLineEdit(this);
     m_ui.txtrcvqty->setObjectName(QStringLiteral("txtrcvqty"));
     m_ui.txtrcvqty->setMaxLength(5);
+    m_ui.txtrcvqty->setMaximumWidth(m_ui.txtrcvqty->fontMetrics().horizontalAdvance(QStringLiteral("999999")) + 16);
     m_ui.lblrcvqty->setBuddy(m_ui.txtrcvqty);
     m_ui.cmdrecv = makeButton(this, QStringLiteral("cmdrecv"), QStringLiteral("Receive All"));
     entry->addWidget(m_ui.lblrcvqty, 0, 7);

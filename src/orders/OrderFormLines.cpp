@@ -5,6 +5,7 @@
 #include "orders/OrderWords.h"
 
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
 
@@ -37,7 +38,14 @@ QTableWidgetItem* cell(QTableWidget* grid, int row, int column) {
 
 void OrderForm::sizeGridColumns() {
     QTableWidget* grid = m_ui.flxitems;
-    const int w = grid->viewport()->width() - 10;
+    // The entry row's boxes sit over the grid's columns with its buttons to their right: the
+    // columns leave room for the buttons shown, or the row would widen the form without end.
+    int buttons = 0;
+    for (QWidget* control : {static_cast<QWidget*>(m_ui.cmdfinditem), static_cast<QWidget*>(m_ui.txtrcvqty),
+                             static_cast<QWidget*>(m_ui.cmdrecv)})
+        if (!control->isHidden())
+            buttons += qMin(control->sizeHint().width(), control->maximumWidth());
+    const int w = qMax(160, qMin(grid->viewport()->width() - 10, grid->width() - 2 * grid->frameWidth() - buttons));
     const int widths[GridColumns] = {w / 16, w / 8, w / 2, w / 16, w / 8, w / 16};
     for (int c = 0; c < GridColumns; ++c)
         grid->setColumnWidth(c, widths[c]);

@@ -38,6 +38,8 @@ void OrderForm::ShowReceiveControls(bool on) {
     m_ui.txtrcvqty->setVisible(on);
     m_ui.lblrcvqty->setVisible(on);
     m_ui.lblitem[Entry::Qty]->setText(on ? QStringLiteral("Rcv") : QStringLiteral("Qty"));
+    if (ActivatedOnce)
+        sizeGridColumns();
 }
 
 void OrderForm::ShowStartOrder(bool on) {
@@ -50,6 +52,8 @@ void OrderForm::ShowEditOrder(bool on) {
 
 void OrderForm::ShowFindItem(bool on) {
     m_ui.cmdfinditem->setVisible(on);
+    if (ActivatedOnce)
+        sizeGridColumns();
 }
 
 void OrderForm::ShowCancelOrder(bool on) {
