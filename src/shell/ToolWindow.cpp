@@ -54,6 +54,26 @@ void ToolWindow::finishToolWindow() {
     }
 }
 
+bool ToolWindow::event(QEvent* event) {
+    // The frame is known once the main window has taken the window in, before it is shown.
+    if (event->type() == QEvent::ParentChange && !m_watchingActivation) {
+        if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+            m_watchingActivation = true;
+            connect(frame, &QMdiSubWindow::aboutToActivate, this, [this] { windowActivated(); });
+        }
+    }
+    return QWidget::event(event);
+}
+
+void ToolWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    // Shown on its own, outside the main window: nothing will activate it.
+    if (!m_watchingActivation) {
+        m_watchingActivation = true;
+        windowActivated();
+    }
+}
+
 void ToolWindow::closeEvent(QCloseEvent* event) {
     if (m_finishing || !m_open) {
         event->accept();

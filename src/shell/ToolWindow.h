@@ -43,6 +43,13 @@ protected:
     // The window's own exit: uncount, apply the close mask, close the window for good.
     void finishToolWindow();
 
+    // Called each time the window becomes the active one inside the main window (first when it
+    // opens), or once when it is shown on its own: windows that list records read them afresh
+    // here, so they never offer one that has gone meanwhile.
+    virtual void windowActivated() {}
+
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -50,6 +57,7 @@ private:
     Level m_level;
     bool m_open = false;
     bool m_finishing = false;
+    bool m_watchingActivation = false;
 };
 
 } // namespace ordwell

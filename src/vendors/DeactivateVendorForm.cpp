@@ -81,28 +81,6 @@ QAbstractButton* DeactivateVendorForm::closeBoxButton() const {
     return m_buttons[Exit];
 }
 
-bool DeactivateVendorForm::event(QEvent* event) {
-    // The list is read afresh each time the window becomes the active one inside the main
-    // window (first when it opens), so it never offers a vendor that has gone meanwhile. The
-    // frame is known once the main window has taken the window in, before it is shown.
-    if (event->type() == QEvent::ParentChange && !m_watchingActivation) {
-        if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-            m_watchingActivation = true;
-            connect(frame, &QMdiSubWindow::aboutToActivate, this, [this] { FillVendorList(); });
-        }
-    }
-    return ToolWindow::event(event);
-}
-
-void DeactivateVendorForm::showEvent(QShowEvent* event) {
-    ToolWindow::showEvent(event);
-    // Shown on its own, outside the main window: nothing will activate it, so read it now.
-    if (!m_watchingActivation) {
-        m_watchingActivation = true;
-        FillVendorList();
-    }
-}
-
 void DeactivateVendorForm::FillVendorList() {
     if (m_closing)
         return;

@@ -31,8 +31,7 @@ public:
 
 protected:
     QAbstractButton* closeBoxButton() const override;
-    bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void windowActivated() override { FillVendorList(); }
 
 private:
     void buildControls();
@@ -44,7 +43,6 @@ private:
     QLabel* m_instruction = nullptr;
     QLineEdit* m_confirmation = nullptr;
     std::array<QPushButton*, ButtonCount> m_buttons{};
-    bool m_watchingActivation = false;
     bool m_closing = false;
 };
 

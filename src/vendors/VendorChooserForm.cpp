@@ -70,27 +70,6 @@ QAbstractButton* VendorChooserForm::closeBoxButton() const {
     return m_buttons[Exit];
 }
 
-bool VendorChooserForm::event(QEvent* event) {
-    // The list is read each time the chooser becomes the active window inside the main window,
-    // so it reflects vendors added or deactivated meanwhile.
-    if (event->type() == QEvent::ParentChange && !m_watchingActivation) {
-        if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-            m_watchingActivation = true;
-            connect(frame, &QMdiSubWindow::aboutToActivate, this, [this] { FillVendorList(); });
-        }
-    }
-    return ToolWindow::event(event);
-}
-
-void VendorChooserForm::showEvent(QShowEvent* event) {
-    ToolWindow::showEvent(event);
-    // Shown on its own, outside the main window: nothing will activate it, so read it now.
-    if (!m_watchingActivation) {
-        m_watchingActivation = true;
-        FillVendorList();
-    }
-}
-
 void VendorChooserForm::FillVendorList() {
     if (m_closing)
         return;

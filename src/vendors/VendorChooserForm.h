@@ -30,8 +30,7 @@ public:
 protected:
     QString closeMask() const override;
     QAbstractButton* closeBoxButton() const override;
-    bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void windowActivated() override { FillVendorList(); }
 
 private:
     void buildControls();
@@ -43,7 +42,6 @@ private:
     std::array<QPushButton*, ButtonCount> m_buttons{};
     QDate m_today;
     bool m_liveOrderFound = false;
-    bool m_watchingActivation = false;
     bool m_closing = false;
 };
 
