@@ -20,12 +20,7 @@ namespace ordwell {
 
 namespace {
 
-struct ButtonInfo {
-    const char* caption;
-    const char* accessibleName; // for the buttons whose caption is only arrows
-};
-
-const std::array<ButtonInfo, ItemForm::ButtonCount> ButtonInfos = {{
+const std::array<ButtonSpec, ItemForm::ButtonCount> ButtonSpecs = {{
     {"&Add Item", nullptr},
     {"&Save", nullptr},
     {"&Cancel", nullptr},
@@ -112,24 +107,9 @@ void ItemForm::buildControls() {
     }
     grid->setColumnStretch(1, 1);
 
-    m_position = new QLabel(this);
-    m_position->setObjectName(QStringLiteral("lblreccount"));
-    m_position->setAlignment(Qt::AlignCenter);
-    m_position->setFrameShape(QFrame::Panel);
-    m_position->setFrameShadow(QFrame::Sunken);
-    // Its text is what a screen reader should read; this only says what it is.
-    m_position->setAccessibleDescription(QStringLiteral("Item position"));
+    m_position = makePositionLabel(this, QStringLiteral("Item position"));
 
-    auto* buttons = new QHBoxLayout;
-    for (int i = 0; i < ButtonCount; ++i) {
-        auto* b = new QPushButton(QString::fromLatin1(ButtonInfos[i].caption), this);
-        b->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
-        b->setAutoDefault(false);
-        if (ButtonInfos[i].accessibleName)
-            b->setAccessibleName(QString::fromLatin1(ButtonInfos[i].accessibleName));
-        buttons->addWidget(b);
-        m_buttons[i] = b;
-    }
+    auto* buttons = makeButtonRow(this, ButtonSpecs.data(), ButtonCount, m_buttons.data());
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);

@@ -3,8 +3,11 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
+#include <QPushButton>
 
 namespace ordwell {
 
@@ -60,6 +63,30 @@ QString buttonMask(const QList<QAbstractButton*>& buttons) {
 void focusOn(QWidget* widget) {
     if (widget && widget->isEnabled() && widget->focusPolicy() != Qt::NoFocus)
         widget->setFocus(Qt::OtherFocusReason);
+}
+
+QHBoxLayout* makeButtonRow(QWidget* parent, const ButtonSpec* specs, int count, QPushButton** made) {
+    auto* row = new QHBoxLayout;
+    for (int i = 0; i < count; ++i) {
+        auto* b = new QPushButton(QString::fromLatin1(specs[i].caption), parent);
+        b->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
+        b->setAutoDefault(false);
+        if (specs[i].accessibleName)
+            b->setAccessibleName(QString::fromLatin1(specs[i].accessibleName));
+        row->addWidget(b);
+        made[i] = b;
+    }
+    return row;
+}
+
+QLabel* makePositionLabel(QWidget* parent, const QString& role) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(QStringLiteral("lblreccount"));
+    label->setAlignment(Qt::AlignCenter);
+    label->setFrameShape(QFrame::Panel);
+    label->setFrameShadow(QFrame::Sunken);
+    label->setAccessibleDescription(role);
+    return label;
 }
 
 } // namespace ordwell

@@ -18,12 +18,7 @@ namespace ordwell {
 
 namespace {
 
-struct ButtonInfo {
-    const char* caption;
-    const char* accessibleName; // for the buttons whose caption is only arrows
-};
-
-const std::array<ButtonInfo, VendorRecordsForm::ButtonCount> ButtonInfos = {{
+const std::array<ButtonSpec, VendorRecordsForm::ButtonCount> ButtonSpecs = {{
     {"&Edit", nullptr},
     {"&Save", nullptr},
     {"&Cancel", nullptr},
@@ -105,24 +100,9 @@ void VendorRecordsForm::buildControls() {
     grid->setColumnStretch(3, 1);
     grid->setColumnMinimumWidth(2, 90);
 
-    m_recordCount = new QLabel(this);
-    m_recordCount->setObjectName(QStringLiteral("lblreccount"));
-    m_recordCount->setAlignment(Qt::AlignCenter);
-    m_recordCount->setFrameShape(QFrame::Panel);
-    m_recordCount->setFrameShadow(QFrame::Sunken);
-    // Its text is what a screen reader should read; this only says what it is.
-    m_recordCount->setAccessibleDescription(QStringLiteral("Record position"));
+    m_recordCount = makePositionLabel(this, QStringLiteral("Record position"));
 
-    auto* buttons = new QHBoxLayout;
-    for (int i = 0; i < ButtonCount; ++i) {
-        auto* b = new QPushButton(QString::fromLatin1(ButtonInfos[i].caption), this);
-        b->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
-        b->setAutoDefault(false);
-        if (ButtonInfos[i].accessibleName)
-            b->setAccessibleName(QString::fromLatin1(ButtonInfos[i].accessibleName));
-        buttons->addWidget(b);
-        m_buttons[i] = b;
-    }
+    auto* buttons = makeButtonRow(this, ButtonSpecs.data(), ButtonCount, m_buttons.data());
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
