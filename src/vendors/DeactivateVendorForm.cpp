@@ -53,15 +53,9 @@ void DeactivateVendorForm::buildControls() {
     m_confirmation->setObjectName(QStringLiteral("txtdeactvend"));
     m_instruction->setBuddy(m_confirmation);
 
-    const char* captions[ButtonCount] = {"De-activate", "&Exit"};
-    auto* buttonRow = new QHBoxLayout;
-    buttonRow->addStretch(1);
-    for (int i = 0; i < ButtonCount; ++i) {
-        m_buttons[i] = new QPushButton(QString::fromLatin1(captions[i]), this);
-        m_buttons[i]->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
-        m_buttons[i]->setAutoDefault(false);
-        buttonRow->addWidget(m_buttons[i]);
-    }
+    const ButtonSpec specs[ButtonCount] = {{"De-activate"}, {"&Exit"}};
+    auto* buttonRow = makeButtonRow(this, specs, ButtonCount, &m_buttons[0]);
+    buttonRow->insertStretch(0, 1);
     connect(m_buttons[Deactivate], &QPushButton::clicked, this, &DeactivateVendorForm::onDeactivate);
     connect(m_buttons[Exit], &QPushButton::clicked, this, [this] { finishToolWindow(); });
 

@@ -1,4 +1,5 @@
 #include "VendorChooserForm.h"
+#include "common/FormHelpers.h"
 
 #include "common/Prompter.h"
 #include "shell/MenuMasks.h"
@@ -42,15 +43,9 @@ void VendorChooserForm::buildControls() {
     m_vendors->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_info->setBuddy(m_vendors);
 
-    const char* captions[ButtonCount] = {"&Select Vendor", "E&xit"};
-    auto* buttonRow = new QHBoxLayout;
-    buttonRow->addStretch(1);
-    for (int i = 0; i < ButtonCount; ++i) {
-        m_buttons[i] = new QPushButton(QString::fromLatin1(captions[i]), this);
-        m_buttons[i]->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
-        m_buttons[i]->setAutoDefault(false);
-        buttonRow->addWidget(m_buttons[i]);
-    }
+    const ButtonSpec specs[ButtonCount] = {{"&Select Vendor"}, {"E&xit"}};
+    auto* buttonRow = makeButtonRow(this, specs, ButtonCount, &m_buttons[0]);
+    buttonRow->insertStretch(0, 1);
     connect(m_buttons[Select], &QPushButton::clicked, this, &VendorChooserForm::onSelect);
     connect(m_buttons[Exit], &QPushButton::clicked, this, &VendorChooserForm::CloseChooser);
 
