@@ -23,6 +23,9 @@ void BeginExportOrder(OrderForm& form);
 void BeginReceiveOrder(OrderForm& form);
 void cmdnavbutton_Click(OrderForm& form, int index);
 void cmdcancelld_Click(OrderForm& form);
+// A printed or exported order shown for its next step: no entry, the header locked, only
+// "Cancel Order" beside it.
+void ShowOrderForAction(OrderForm& form);
 
 // Cancellation and recovery.
 void cmdcancelord_Click(OrderForm& form);

@@ -19,6 +19,19 @@
 
 namespace ordwell::OrderFormAfterEntry {
 
+void ShowOrderForAction(OrderForm& form) {
+    form.ShowNavigationBar(false);
+    form.ShowEntryRow(false);
+    form.ShowCancelOrder(true);
+    form.ShowReceiveControls(false);
+    form.ShowStartOrder(false);
+    form.ShowEditOrder(false);
+    form.LockHeader(true);
+    form.LockEntryRow(true);
+    form.SetGridTabStop(false);
+    form.EnableCancelOrder(true);
+}
+
 namespace {
 
 QLineEdit* header(OrderForm& form, int index) {
@@ -156,16 +169,7 @@ void showLoaded(OrderForm& form, const QString& status) {
     header(form, Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
     form.ui().lblinfo->setText(printed ? QStringLiteral("Print or export this order")
                                        : QStringLiteral("Export or receive this order"));
-    form.ShowNavigationBar(false);
-    form.ShowEntryRow(false);
-    form.ShowCancelOrder(true);
-    form.ShowReceiveControls(false);
-    form.ShowStartOrder(false);
-    form.ShowEditOrder(false);
-    form.LockHeader(true);
-    form.LockEntryRow(true);
-    form.SetGridTabStop(false);
-    form.EnableCancelOrder(true);
+    ShowOrderForAction(form);
     focusOn(form.ui().cmdbutton[printed ? MainButton::PrintOrder : MainButton::ExportOrder]);
 }
 

@@ -48,16 +48,7 @@ void PrintOrder(OrderForm& form) {
         return;
     }
     ui.txtheader[Header::Status]->setText(QStringLiteral("P - PRINTED"));
-    form.ShowNavigationBar(false);
-    form.ShowEntryRow(false);
-    form.ShowCancelOrder(true);
-    form.ShowReceiveControls(false);
-    form.ShowStartOrder(false);
-    form.ShowEditOrder(false);
-    form.LockHeader(true);
-    form.LockEntryRow(true);
-    form.SetGridTabStop(false);
-    form.EnableCancelOrder(true);
+    ShowOrderForAction(form);
     ui.lblinfo->setText(QStringLiteral("Order Printed"));
 }
 
