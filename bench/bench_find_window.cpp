@@ -1,6 +1,7 @@
 // The find window over a catalogue of 1,000,000 items: how long it takes to open with the list
 // and its count shown, how long one typed character takes to move the selection, and the
 // process's peak memory after scrolling to the end of the list. Prints "<name> <value> <unit>".
+#include "PeakMemory.h"
 #include "ScaleData.h"
 #include "SilentPrompter.h"
 #include "catalogue/Find.h"
@@ -26,17 +27,6 @@ namespace {
 
 constexpr int ItemCount = 1000000;
 const QString Vendor = QStringLiteral("BIG");
-
-long peakRssKb() {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').first().toLong();
-    }
-    return -1;
-}
 
 int stop(const char* why) {
     std::fprintf(stderr, "%s\n", why);

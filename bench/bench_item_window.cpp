@@ -1,6 +1,7 @@
 // The item window over a catalogue of 1,000,000 items: how long it takes to open (counting the
 // catalogue and showing the first item) and the process's peak memory with it open after
 // paging to the end and back. Prints "<name> <value> <unit>" lines.
+#include "PeakMemory.h"
 #include "SilentPrompter.h"
 #include "catalogue/ItemForm.h"
 #include "common/Prompter.h"
@@ -49,17 +50,6 @@ int generate(int argc, char** argv) {
     }
     QSqlDatabase::removeDatabase(QStringLiteral("generate"));
     return 0;
-}
-
-long peakRssKb() {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').first().toLong();
-    }
-    return -1;
 }
 
 } // namespace
