@@ -1,5 +1,6 @@
 #include "RecordForm.h"
 
+#include "common/BoxLimit.h"
 #include "common/FormHelpers.h"
 
 #include <QAbstractButton>
@@ -15,7 +16,7 @@ RecordForm::RecordForm(QWidget* owner, std::function<Prompter&()> prompter, QLis
         auto* box = new QLineEdit(owner);
         box->setObjectName(spec.objectName);
         if (spec.maxLength > 0)
-            box->setMaxLength(spec.maxLength);
+            limitBox(box, spec.maxLength);
         if (!spec.accessibleName.isEmpty())
             box->setAccessibleName(spec.accessibleName);
         box->installEventFilter(this);

@@ -2,6 +2,7 @@
 #include "orders/OrderForm.h"
 
 #include "catalogue/Find.h"
+#include "common/BoxLimit.h"
 #include "common/FormHelpers.h"
 #include "common/TextChecks.h"
 #include "common/WaitCursor.h"
@@ -26,6 +27,18 @@ std::optional<qint64> wholeNumber(const QString& text) {
     if (!ok)
         return std::nullopt;
     return value;
+}
+
+// A price in the price box, grouped as the user writes it where that fits the box, else
+// without grouping, and in full either way.
+void showPrice(QLineEdit* box, Money price) {
+    QString text = price.toString();
+    if (text.size() > typingLimit(box)) {
+        QLocale plain;
+        plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+        text = price.toString(plain);
+    }
+    showWhole(box, text);
 }
 } // namespace
 
@@ -127,7 +140,7 @@ void OrderForm::FillFromItem(const CatalogueItem& item) {
     m_ui.txtitem[Entry::Code]->setText(item.code);
     m_ui.txtitem[Entry::Description]->setText(item.descr);
     m_ui.txtitem[Entry::Qty]->setText(QString::number(item.defQty));
-    m_ui.txtitem[Entry::Price]->setText(item.price.toString());
+    showPrice(m_ui.txtitem[Entry::Price], item.price);
     m_ui.txtitem[Entry::Pack]->setText(QString::number(item.packQty));
     entryBoxState(Entry::Code, false);
     entryBoxState(Entry::Qty, true);
@@ -163,7 +176,7 @@ bool OrderForm::ValidateUnknownItem() {
         return refuse(price,
                       QStringLiteral("You have not entered a valid price for this item, please enter an valid price"),
                       QStringLiteral("Invalid price"));
-    price->setText(amount->toString());
+    showPrice(price, *amount);
     if (pack->text().isEmpty())
         pack->setText(QStringLiteral("1"));
     if (!wholeNumber(pack->text()))
@@ -192,7 +205,7 @@ void OrderForm::SaveUnknownItem() {
 
 void OrderForm::ClearItemEntry() {
     for (QLineEdit* box : m_ui.txtitem)
-        box->clear();
+        clearBox(box);
 }
 
 void OrderForm::ReadyForNextItem() {

@@ -1,6 +1,8 @@
 // The order form's controls: names, captions, tags, lengths and their places on the form.
 #include "orders/OrderForm.h"
 
+#include "common/BoxLimit.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -68,7 +70,7 @@ QLineEdit* makeBox(QWidget* parent, const QString& name, const BoxInfo& info) {
     auto* box = new QLineEdit(parent);
     box->setObjectName(name);
     if (info.maxLength > 0)
-        box->setMaxLength(info.maxLength);
+        limitBox(box, info.maxLength);
     box->setProperty("tag", QString::fromLatin1(info.tag));
     if (info.description)
         box->setAccessibleDescription(QString::fromLatin1(info.description));

@@ -1,6 +1,7 @@
 // The lines grid, the shown order's lines and the running total.
 #include "orders/OrderForm.h"
 
+#include "common/BoxLimit.h"
 #include "common/FormHelpers.h"
 #include "orders/OrderWords.h"
 
@@ -212,7 +213,7 @@ void OrderForm::LineRowChosen() {
         QuantityState();
     }
     for (int c = 1; c <= 4; ++c)
-        m_ui.txtitem[c]->setText(text(c + 1));
+        showWhole(m_ui.txtitem[c], text(c + 1));
     focusOn(m_ui.txtitem[Entry::Qty]);
 }
 

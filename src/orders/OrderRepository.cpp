@@ -1,8 +1,10 @@
 #include "OrderRepository.h"
 
 #include "common/Dates.h"
+#include "common/RecordFields.h"
 #include "common/Sql.h"
 #include "orders/OrderWords.h"
+#include "store/Schemas.h"
 
 #include <QSqlQuery>
 
@@ -16,12 +18,21 @@ Result<QString> OrderRepository::NextOrderNumber(const QString& vendorCode) cons
     if (!counter->isValid())
         return Status::fail(QStringLiteral("The vendor's details are missing, so no order number can be given."));
     const qint64 next = counter->toLongLong();
+    // A number wider than the order number column could never be stored: refuse it before the
+    // counter moves, so it neither runs on nor wraps past its 32 bits.
+    const QString number = vendorCode + QString::number(next);
+    const int width = columnLength(vendorSchema(), QStringLiteral("orderhead"), QStringLiteral("orderid"));
+    if (number.size() > width)
+        return Status::fail(QStringLiteral("The order numbers of this vendor have run out: the next one, %1, is "
+                                           "longer than the %2 characters an order number may have.")
+                                .arg(number)
+                                .arg(width));
     const Status written = Sql::run(m_db, QStringLiteral("UPDATE vendor SET nextord = ?"), {next + 1});
     if (!written)
         return written;
     if (Status done = tx.commit(); !done)
         return done;
-    return vendorCode + QString::number(next);
+    return number;
 }
 
 Status OrderRepository::insertNewOrder(const QString& orderId, const QDate& orderDate) const {

@@ -1,0 +1,197 @@
+// Values at the edges of what an order holds: the order counter at the width of the order
+// number and at its 32 bits, the largest quantity and price, and header texts at their
+// lengths in any script.
+#include "OrderFixture.h"
+#include "common/Sql.h"
+#include "orders/OrderRepository.h"
+#include "support/EdgeText.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+using namespace ordwell;
+using test::OrderSession;
+
+class TestOrderEdges : public test::StrictTest {
+    Q_OBJECT
+private slots:
+    void initTestCase() { test::initTestEnvironment(); }
+    void counterAtItsEnds_data();
+    void counterAtItsEnds();
+    void formRefusesANumberPastTheColumn();
+    void largestQuantityAndPrice_data();
+    void largestQuantityAndPrice();
+    void largestPriceOfAnUnknownItem_data();
+    void largestPriceOfAnUnknownItem();
+    void headerTextsAtTheirLengths_data();
+    void headerTextsAtTheirLengths();
+};
+
+void TestOrderEdges::counterAtItsEnds_data() {
+    QTest::addColumn<qint64>("counter");
+    QTest::addColumn<QString>("number"); // empty: refused
+    QTest::addColumn<qint64>("after");
+    QTest::newRow("first") << qint64(1000000) << "ABC1000000" << qint64(1000001);
+    QTest::newRow("last that fits") << qint64(9999999) << "ABC9999999" << qint64(10000000);
+    QTest::newRow("one digit too many") << qint64(10000000) << QString() << qint64(10000000);
+    QTest::newRow("32-bit end") << qint64(2147483647) << QString() << qint64(2147483647);
+}
+
+void TestOrderEdges::counterAtItsEnds() {
+    QFETCH(qint64, counter);
+    QFETCH(QString, number);
+    QFETCH(qint64, after);
+    OrderSession s;
+    QVERIFY(Sql::run(s.db(), QStringLiteral("UPDATE vendor SET nextord = ?"), {counter}));
+    const Result<QString> given = OrderRepository(s.db()).NextOrderNumber(QStringLiteral("ABC"));
+    if (number.isEmpty()) {
+        QVERIFY(!given);
+        QVERIFY2(given.message().contains(QStringLiteral("have run out")), qPrintable(given.message()));
+    } else {
+        QVERIFY2(given.isOk(), qPrintable(given.message()));
+        QCOMPARE(given.value(), number);
+    }
+    // Never wrapped, never moved on past a number that could not be used.
+    QCOMPARE(s.value(QStringLiteral("SELECT nextord FROM vendor")).toLongLong(), after);
+}
+
+void TestOrderEdges::formRefusesANumberPastTheColumn() {
+    OrderSession s;
+    QVERIFY(Sql::run(s.db(), QStringLiteral("UPDATE vendor SET nextord = 10000000")));
+    s.open();
+    QCOMPARE(s.prompter().messages.size(), 1);
+    QVERIFY2(s.prompter().messages[0].text.contains(QStringLiteral("ABC10000000")),
+             qPrintable(s.prompter().messages[0].text));
+    QCOMPARE(s.value(QStringLiteral("SELECT count(*) FROM orderhead")).toInt(), 0);
+    QCOMPARE(s.value(QStringLiteral("SELECT nextord FROM vendor")).toLongLong(), qint64(10000000));
+}
+
+void TestOrderEdges::largestQuantityAndPrice_data() {
+    QTest::addColumn<QString>("price");
+    QTest::addColumn<QString>("qty");
+    QTest::addColumn<QString>("lineValue");
+    QTest::newRow("largest quantity, 9999.99") << "9999.99"
+                                               << "99999"
+                                               << "999989000.01";
+    QTest::newRow("largest quantity, largest price") << "99999.99"
+                                                     << "99999"
+                                                     << "9999899000.01";
+    QTest::newRow("largest quantity, a penny") << "0.01"
+                                               << "99999"
+                                               << "999.99";
+    QTest::newRow("one of the largest price") << "99999.99"
+                                              << "1"
+                                              << "99999.99";
+}
+
+void TestOrderEdges::largestQuantityAndPrice() {
+    QFETCH(QString, price);
+    QFETCH(QString, qty);
+    QFETCH(QString, lineValue);
+    OrderSession s;
+    s.addItem(QStringLiteral("BIG"), QStringLiteral("Large item"), price);
+    s.open();
+    s.startOrder();
+    s.scan(QStringLiteral("BIG"), qty);
+    const QString order = QStringLiteral("ABC1000000");
+    const auto lines = s.lines(order);
+    QCOMPARE(lines.size(), 1);
+    QCOMPARE(lines[0].qty, qty.toInt());
+    const Money expected = *Money::parse(lineValue, QLocale::c());
+    QCOMPARE(lines[0].lineval.toPlainString(), expected.toPlainString());
+    QCOMPARE(s.value(QStringLiteral("SELECT price FROM orderline")).toLongLong(),
+             Money::parse(price, QLocale::c())->tenThousandths());
+    QCOMPARE(s.orderTotal(order).toPlainString(), expected.toPlainString());
+    QCOMPARE(s.header(7)->text(), expected.toString());
+
+    // Chosen again from the grid: the boxes take the line's values whole, and confirming the
+    // quantity leaves the line as it was.
+    s.chooseRow(1);
+    QCOMPARE(Money::parse(s.entry(3)->text()), Money::parse(price, QLocale::c()));
+    QTest::keyClick(s.entry(2), Qt::Key_Return);
+    QCOMPARE(s.lines(order).size(), 1);
+    QCOMPARE(s.lines(order)[0].lineval.toPlainString(), expected.toPlainString());
+}
+
+// Typed as the price of an unknown item, eight characters (the box's length) of price: the
+// box shows it grouped where that fits, and catalogue and line keep every digit.
+void TestOrderEdges::largestPriceOfAnUnknownItem_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("9999.99") << "9999.99"
+                             << "9,999.99";
+    QTest::newRow("99999.99") << "99999.99"
+                              << "99999.99";
+    QTest::newRow("eight digits") << "99999999"
+                                  << "99999999.00";
+}
+
+void TestOrderEdges::largestPriceOfAnUnknownItem() {
+    QFETCH(QString, typed);
+    QFETCH(QString, shown);
+    OrderSession s;
+    OrderForm* form = s.open();
+    QTest::mouseClick(form->ui().chkunknown, Qt::LeftButton, {}, QPoint(4, form->ui().chkunknown->height() / 2));
+    QVERIFY(form->ui().chkunknown->isChecked());
+    s.startOrder();
+    QTest::keyClicks(s.entry(0), QStringLiteral("NEW1"));
+    QTest::keyClick(s.entry(0), Qt::Key_Return);
+    QTest::keyClicks(s.entry(1), QStringLiteral("New part"));
+    QTest::keyClick(s.entry(1), Qt::Key_Tab);
+    s.entry(3)->clear();
+    QTest::keyClicks(s.entry(3), typed);
+    QTest::keyClick(s.entry(3), Qt::Key_Return);
+    QTest::keyClick(s.entry(4), Qt::Key_Return);
+    QCOMPARE(s.entry(3)->text(), shown);
+    const qint64 units = Money::parse(typed, QLocale::c())->tenThousandths();
+    QCOMPARE(s.value(QStringLiteral("SELECT price FROM items WHERE code = 'NEW1'")).toLongLong(), units);
+    s.entry(2)->selectAll();
+    QTest::keyClicks(s.entry(2), QStringLiteral("1"));
+    QTest::keyClick(s.entry(2), Qt::Key_Return);
+    QCOMPARE(s.value(QStringLiteral("SELECT price FROM orderline")).toLongLong(), units);
+    QCOMPARE(s.orderTotal(QStringLiteral("ABC1000000")), Money::fromTenThousandths(units));
+}
+
+void TestOrderEdges::headerTextsAtTheirLengths_data() {
+    QTest::addColumn<QString>("fill");
+    QTest::addColumn<QString>("last");
+    QTest::addColumn<int>("spare");
+    QTest::newRow("accents") << QStringLiteral("\u00e9") << QStringLiteral("\u00fc") << 1;
+    QTest::newRow("CJK") << QStringLiteral("\u6f22") << QStringLiteral("\u5b57") << 1;
+    QTest::newRow("emoji as the last character") << QStringLiteral("\u00df") << QStringLiteral("\U0001F600") << 2;
+    QTest::newRow("emoji one unit over") << QStringLiteral("\u00df") << QStringLiteral("\U0001F600") << 1;
+    QTest::newRow("ASCII one over") << QStringLiteral("a") << QStringLiteral("b") << 0;
+}
+
+void TestOrderEdges::headerTextsAtTheirLengths() {
+    QFETCH(QString, fill);
+    QFETCH(QString, last);
+    QFETCH(int, spare);
+    OrderSession s;
+    s.open();
+    const struct {
+        int box;
+        const char* column;
+        int length;
+    } boxes[] = {{2, "name", 28}, {3, "reference", 28}, {4, "note1", 100}, {5, "note2", 100}};
+    QStringList kept;
+    for (const auto& b : boxes) {
+        QCOMPARE(s.header(b.box)->maxLength(), b.length);
+        const QString typed = test::edgeText(fill, last, b.length, spare);
+        test::typeText(s.header(b.box), typed);
+        kept << test::keptOf(typed, b.length);
+        QCOMPARE(s.header(b.box)->text(), kept.last());
+    }
+    s.click(s.form()->ui().cmdstartorder);
+    for (int i = 0; i < 4; ++i) {
+        const QString stored =
+            s.value(QStringLiteral("SELECT %1 FROM orderhead").arg(QLatin1String(boxes[i].column))).toString();
+        QCOMPARE(stored, kept.at(i));
+        QVERIFY(test::wholeCharacters(stored));
+    }
+}
+
+QTEST_MAIN(TestOrderEdges)
+#include "tst_orderedges.moc"
