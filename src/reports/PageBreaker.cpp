@@ -232,6 +232,8 @@ QList<PageSlice> PageBreaker::paginate(QTextDocument& document, double bodyHeigh
     const std::vector<Cut> cuts = cutsOf(survey, documentHeight);
 
     QList<PageSlice> pages;
+    if (!(bodyHeight > 0)) // no room to cut into: one page, as tall as it is
+        return {PageSlice{0, documentHeight, {}}};
     PageSlice page;
     auto from = cuts.cbegin();
     for (;;) {
