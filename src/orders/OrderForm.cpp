@@ -2,6 +2,7 @@
 #include "orders/OrderForm.h"
 
 #include "common/FormHelpers.h"
+#include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
 #include "shell/MenuMasks.h"
 #include "vendors/VendorSession.h"
@@ -197,7 +198,7 @@ QString OrderForm::ReadOrderStatus() {
     const QString number = m_ui.txtheader[Header::OrderNumber]->text();
     if (number.isEmpty())
         return {};
-    const auto status = orders().ReadOrderStatus(number);
+    const auto status = OrderTransitions::orderStatus(vendorDb(), number);
     if (!status) {
         reportFailure(QStringLiteral("The order's status could not be read."), status.message());
         return {};
@@ -206,13 +207,15 @@ QString OrderForm::ReadOrderStatus() {
 }
 
 void OrderForm::SetOrderStatus(const QString& orderNumber, const QString& letter) {
-    const Status done = orders().SetOrderStatus(orderNumber, letter, shownTotal());
+    const Status done =
+        OrderTransitions::setOrderStatus(vendorDb(), orderNumber, letter, QDate::currentDate(), shownTotal());
     if (!done)
         reportFailure(QStringLiteral("The order's status could not be stored."), done.message());
 }
 
 void OrderForm::SetLineStatus(const QString& letter) {
-    const Status done = orders().SetLineStatus(m_ui.txtheader[Header::OrderNumber]->text(), letter);
+    const Status done =
+        OrderTransitions::setLineStatus(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text(), letter);
     if (!done)
         reportFailure(QStringLiteral("The status of the order's lines could not be stored."), done.message());
 }

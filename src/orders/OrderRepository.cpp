@@ -40,13 +40,6 @@ Status OrderRepository::updateHeader(const OrderHeaderFields& header) const {
                      header.orderId});
 }
 
-Result<QString> OrderRepository::ReadOrderStatus(const QString& orderId) const {
-    auto status = Sql::scalar(m_db, QStringLiteral("SELECT status FROM orderhead WHERE orderid = ?"), {orderId});
-    if (!status)
-        return status.status();
-    return status->toString();
-}
-
 Result<OrderHeaderRow> OrderRepository::readHeader(const QString& orderId) const {
     auto query = Sql::exec(m_db,
                            QStringLiteral("SELECT orderid, orderdate, name, reference, note1, note2, status, totalval "
@@ -67,36 +60,6 @@ Result<OrderHeaderRow> OrderRepository::readHeader(const QString& orderId) const
     row.status = q.value(6).toString();
     row.total = Money::fromTenThousandths(q.value(7).toLongLong());
     return row;
-}
-
-Status OrderRepository::SetOrderStatus(const QString& orderId, const QString& letter, Money shownTotal,
-                                       const QDate& today) const {
-    if (letter == OrderStatus::Cancelled)
-        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, totalval = 0 WHERE orderid = ?"),
-                        {letter, orderId});
-    if (letter == OrderStatus::Entered)
-        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, totalval = ? WHERE orderid = ?"),
-                        {letter, shownTotal.roundedToPence().tenThousandths(), orderId});
-    if (letter == OrderStatus::Printed)
-        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, printdate = ? WHERE orderid = ?"),
-                        {letter, Dates::toStored(today), orderId});
-    if (letter == OrderStatus::Received)
-        return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ?, recvdate = ? WHERE orderid = ?"),
-                        {letter, Dates::toStored(today), orderId});
-    return Sql::run(m_db, QStringLiteral("UPDATE orderhead SET status = ? WHERE orderid = ?"), {letter, orderId});
-}
-
-Status OrderRepository::SetLineStatus(const QString& orderId, const QString& letter) const {
-    Sql::Transaction tx(m_db);
-    const bool received = letter == OrderStatus::Received;
-    const Status done = Sql::run(
-        m_db,
-        received ? QStringLiteral("UPDATE orderline SET status = ?, recvqty = qty WHERE orderid = ? AND status <> ?")
-                 : QStringLiteral("UPDATE orderline SET status = ? WHERE orderid = ? AND status <> ?"),
-        {letter, orderId, OrderStatus::Cancelled});
-    if (!done)
-        return done;
-    return tx.commit();
 }
 
 } // namespace ordwell

@@ -31,7 +31,8 @@ struct OrderHeaderRow {
     Money total;
 };
 
-// Order numbers, order headers and order-wide status changes of the open vendor's database.
+// Order numbers and order headers of the open vendor's database. Status changes are
+// OrderTransitions' alone.
 class OrderRepository {
 public:
     explicit OrderRepository(QSqlDatabase db) : m_db(std::move(db)) {}
@@ -45,17 +46,7 @@ public:
     // Writes the editable texts and the total; never the number, date or status.
     Status updateHeader(const OrderHeaderFields& header) const;
 
-    // The stored status letter, or empty text when there is no such order.
-    Result<QString> ReadOrderStatus(const QString& orderId) const;
     Result<OrderHeaderRow> readHeader(const QString& orderId) const;
-
-    // Sets the order's letter with what goes with it: "C" zeroes the total, "E" stores
-    // `shownTotal`, "P" stamps the print date and "R" the received date (today).
-    Status SetOrderStatus(const QString& orderId, const QString& letter, Money shownTotal = {},
-                          const QDate& today = QDate::currentDate()) const;
-    // Every line of the order not cancelled takes the letter (and on "R" its full quantity as
-    // received), all in one transaction.
-    Status SetLineStatus(const QString& orderId, const QString& letter) const;
 
 private:
     QSqlDatabase m_db;

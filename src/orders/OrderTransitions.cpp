@@ -5,11 +5,15 @@
 
 namespace ordwell::OrderTransitions {
 
-Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today) {
+Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,
+                      Money enteredTotal) {
     QString sql;
     QVariantList values{letter};
     if (letter == QLatin1String("C")) {
         sql = QStringLiteral("UPDATE orderhead SET status = ?, totalval = 0 WHERE orderid = ?");
+    } else if (letter == QLatin1String("E")) {
+        sql = QStringLiteral("UPDATE orderhead SET status = ?, totalval = ? WHERE orderid = ?");
+        values << enteredTotal.roundedToPence().tenThousandths();
     } else if (letter == QLatin1String("P")) {
         sql = QStringLiteral("UPDATE orderhead SET status = ?, printdate = ? WHERE orderid = ?");
         values << Dates::toStored(today);

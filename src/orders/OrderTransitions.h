@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/Money.h"
 #include "common/Status.h"
 
 #include <QDate>
@@ -12,12 +13,14 @@ namespace ordwell {
 // it, and the status of its lines. Callers wrap them in one transaction per user action.
 namespace OrderTransitions {
 
-// Sets the order's status; "C" also zeroes the total, "P" stamps the print date and "R" the
-// received date with `today`. Fails when no such order exists.
-Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today);
+// Sets the order's status; "C" also zeroes the total, "E" stores `enteredTotal` (the total the
+// screen showed when entry ended), "P" stamps the print date and "R" the received date with
+// `today`. Fails when no such order exists. The only writer of an order's status.
+Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,
+                      Money enteredTotal = {});
 
 // Sets the status of every line of the order that is not cancelled; "R" also counts each
-// such line as received in full.
+// such line as received in full. The only writer of the lines' status for the whole order.
 Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter);
 
 // The order's stored status, or an empty text when there is no such order.

@@ -1,5 +1,7 @@
 #include "RenderedReport.h"
 
+#include "reports/PageBreaker.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QDir>
 #include <QFile>
@@ -15,21 +17,25 @@ namespace {
 
 constexpr double GapMm = 4; // between the page header or footer and the body
 
-// A page height of 0 lays the text out as one endless page.
-std::unique_ptr<QTextDocument> layOut(const QString& html, QPaintDevice& device, const QFont& font, double width,
-                                      double pageHeight = 0) {
+// Laid out as one endless page: the body is cut into pages afterwards (see PageBreaker).
+std::unique_ptr<QTextDocument> layOut(const QString& html, QPaintDevice& device, const QFont& font, double width) {
     auto doc = std::make_unique<QTextDocument>();
     doc->setUndoRedoEnabled(false);
     // Measured in the device's own units, so fonts and widths come out right on paper.
     doc->documentLayout()->setPaintDevice(&device);
     doc->setDefaultFont(font);
     doc->setDocumentMargin(0);
-    if (pageHeight > 0)
-        doc->setPageSize(QSizeF(width, pageHeight));
-    else
-        doc->setTextWidth(width);
+    doc->setTextWidth(width);
     doc->setHtml(html);
     return doc;
+}
+
+// Draws the band [top, top + height) of a document with its top at the painter's y.
+void drawBand(QPainter& painter, QTextDocument& doc, const QRectF& band, double y) {
+    painter.save();
+    painter.translate(0, y - band.top());
+    doc.drawContents(&painter, band);
+    painter.restore();
 }
 
 } // namespace
@@ -80,13 +86,19 @@ Result<int> RenderedReport::paint(QPagedPaintDevice& device) const {
     if (bodyHeight < height / 4)
         return Status::fail(QStringLiteral("the page header and footer leave too little room for the report"));
 
-    auto body = layOut(m_bodyHtml, device, font, width, bodyHeight);
-    const int pages = body->pageCount();
+    auto body = layOut(m_bodyHtml, device, font, width);
+    const QList<PageSlice> slices = PageBreaker::paginate(*body, bodyHeight);
+    const int pages = int(slices.size());
 
     QPainter painter;
     if (!painter.begin(&device))
         return Status::fail(QStringLiteral("the page could not be drawn on"));
     const QString pagesText = QString::number(pages);
+    // Headers and footers without the page number come out the same on every page.
+    QString lastHeaderHtml;
+    std::unique_ptr<QTextDocument> header;
+    QString lastFooterHtml;
+    std::unique_ptr<QTextDocument> footer;
     for (int page = 0; page < pages; ++page) {
         if (page > 0)
             device.newPage();
@@ -95,19 +107,30 @@ Result<int> RenderedReport::paint(QPagedPaintDevice& device) const {
             auto html = pageText(m_header.get(), pageNumber, pagesText);
             if (!html)
                 return html.status();
-            layOut(*html, device, font, width)->drawContents(&painter);
+            if (!header || *html != lastHeaderHtml) {
+                header = layOut(*html, device, font, width);
+                lastHeaderHtml = *html;
+            }
+            header->drawContents(&painter);
         }
-        painter.save();
-        painter.translate(0, *headerHeight - page * bodyHeight);
-        body->drawContents(&painter, QRectF(0, page * bodyHeight, width, bodyHeight));
-        painter.restore();
+        const PageSlice& slice = slices.at(page);
+        double y = *headerHeight;
+        for (const QRectF& band : slice.repeatedHeaders) {
+            drawBand(painter, *body, band, y);
+            y += band.height();
+        }
+        drawBand(painter, *body, QRectF(0, slice.top, width, slice.bottom - slice.top), y);
         if (m_footer) {
             auto html = pageText(m_footer.get(), pageNumber, pagesText);
             if (!html)
                 return html.status();
+            if (!footer || *html != lastFooterHtml) {
+                footer = layOut(*html, device, font, width);
+                lastFooterHtml = *html;
+            }
             painter.save();
             painter.translate(0, height - *footerHeight + gap);
-            layOut(*html, device, font, width)->drawContents(&painter);
+            footer->drawContents(&painter);
             painter.restore();
         }
     }

@@ -173,6 +173,35 @@ private slots:
             QVERIFY2(text.contains(expected), qPrintable(expected));
     }
 
+    // A history over many pages: every order printed once (a row cut by a page break would be
+    // drawn on both pages), the column headings again on each page the orders run on to, and
+    // every page numbered.
+    void orderHistoryOverManyPages() {
+        for (int i = 0; i < 300; ++i)
+            m_abc->addOrder(QStringLiteral("ABC%1").arg(1000 + i, 7, 10, QLatin1Char('0')),
+                            QStringLiteral("2023-%1-%2")
+                                .arg(1 + i / 100, 2, 10, QLatin1Char('0'))
+                                .arg(1 + i % 28, 2, 10, QLatin1Char('0')),
+                            QStringLiteral("R"), QStringLiteral("Buyer %1").arg(i % 7), QStringLiteral("REF%1").arg(i));
+        const QString text = render(QStringLiteral("vendhist.rpt"));
+        const QStringList pages = text.split(QLatin1Char('\f'), Qt::SkipEmptyParts);
+        const int count = pageCountOf(text);
+        QVERIFY2(count >= 4, qPrintable(text.left(400)));
+        QCOMPARE(pages.size(), count);
+        for (int page = 1; page <= count; ++page) {
+            const QString& shown = pages.at(page - 1);
+            QVERIFY2(shown.contains(QStringLiteral("Page %1 of %2").arg(page).arg(count)), qPrintable(shown));
+            QVERIFY2(shown.contains(QLatin1String("Contact / reference")), qPrintable(shown));
+        }
+        static const QRegularExpression orderId(QStringLiteral("ABC\\d{7}"));
+        QHash<QString, int> seen;
+        for (const auto& m : orderId.globalMatch(text))
+            ++seen[m.captured()];
+        QCOMPARE(seen.size(), 305); // and the five standard orders
+        for (auto it = seen.cbegin(); it != seen.cend(); ++it)
+            QVERIFY2(it.value() == 1, qPrintable(it.key()));
+    }
+
     // Each vendor's reports read that vendor's database and nothing else.
     void eachVendorReadsItsOwnDatabase() {
         m_xyz = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("XYZ"),
