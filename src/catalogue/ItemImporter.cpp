@@ -67,11 +67,10 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
         if (!inBatch)
             return Status::ok();
         inBatch = false;
-        if (!m_db.commit()) {
-            const QSqlError error = m_db.lastError();
-            Sql::logFailure(error, QStringLiteral("COMMIT"));
+        // As a statement, so a failure carries SQLite's result code (a full disk says so).
+        if (Status committed = Sql::run(m_db, QStringLiteral("COMMIT")); !committed) {
             m_db.rollback();
-            return Status::fail(Sql::describe(error));
+            return committed;
         }
         outcome.linesStored += pending;
         outcome.expiredCount += expiredPending;
@@ -108,13 +107,13 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
                                            expired ? qint64(0) : item->price.tenThousandths(),
                                            expired ? expiredStored : Dates::toStored(item->expiry)});
         if (!stored) {
-            // The failed statement undoes only itself: the lines before it are kept.
-            const Status committed = commitBatch();
-            return stopWith(
-                ImportOutcome::Stop::DatabaseProblem,
-                QStringLiteral("The import stopped at line %1 of %2, which could not be stored: %3")
-                    .arg(lineNumber)
-                    .arg(QDir::toNativeSeparators(path), committed ? stored.message() : committed.message()));
+            // A refused line undoes only itself: the lines before it are kept. A full disk may
+            // have undone the whole batch already; either way the line's failure is the cause.
+            commitBatch();
+            return stopWith(ImportOutcome::Stop::DatabaseProblem,
+                            QStringLiteral("The import stopped at line %1 of %2, which could not be stored: %3")
+                                .arg(lineNumber)
+                                .arg(QDir::toNativeSeparators(path), stored.message()));
         }
         ++pending;
         if (expired)

@@ -209,8 +209,11 @@ Status Transaction::commit() {
         return Status::fail(
             QStringLiteral("The change could not be started as one step: %1").arg(m_db.lastError().databaseText()));
     m_active = false;
-    if (!m_db.commit()) {
-        const QSqlError error = m_db.lastError();
+    // Through a statement rather than QSqlDatabase::commit(), whose error carries no result
+    // code, so a full disk or a busy file is told as such.
+    QSqlQuery commit(m_db);
+    if (!commit.exec(QStringLiteral("COMMIT"))) {
+        const QSqlError error = commit.lastError();
         logFailure(error, QStringLiteral("COMMIT"));
         m_db.rollback();
         return Status::fail(describe(error));

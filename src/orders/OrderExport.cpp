@@ -120,7 +120,10 @@ ExportResult WriteExportFile(const QString& desktopDir, const QString& orderId, 
     }
     QSaveFile file(result.path);
     file.setDirectWriteFallback(false);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() || !file.commit()) {
+    // Flushed before the commit: a write that fails only when the buffer is flushed (a full
+    // disk) would otherwise still be committed, as an empty file.
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size() || !file.flush() ||
+        !file.commit()) {
         result.message = QStringLiteral("The order could not be exported because the file \"%1\" could not be "
                                         "written: %2")
                              .arg(QDir::toNativeSeparators(result.path), file.errorString());

@@ -85,45 +85,51 @@ private:
         }
     }
 
-    // The top and bottom of everything in a cell, nested tables included.
-    std::pair<double, double> extent(const QTextTableCell& cell) const {
-        double top = Infinity;
-        double bottom = -Infinity;
-        const int last = cell.lastPosition();
-        for (QTextBlock b = m_document.findBlock(cell.firstPosition()); b.isValid() && b.position() <= last;
-             b = b.next()) {
-            if (!b.isVisible())
-                continue;
-            const QRectF rect = m_layout.blockBoundingRect(b);
-            top = std::min(top, rect.top());
-            bottom = std::max(bottom, rect.bottom());
-        }
-        return {top, bottom};
-    }
-
     void table(QTextTable* table) {
-        const int rows = table->rows();
+        // The cells in the order they are stored, so that each cell's blocks, nested tables
+        // included, are the ones up to where the next cell starts.
+        struct Cell {
+            int row;
+            int firstPosition;
+        };
+        std::vector<Cell> cells;
+        for (int r = 0; r < table->rows(); ++r) {
+            for (int c = 0; c < table->columns(); ++c) {
+                const QTextTableCell cell = table->cellAt(r, c);
+                if (cell.row() == r && cell.column() == c) // not the rest of a spanning cell
+                    cells.push_back({r, cell.firstPosition()});
+            }
+        }
+        if (cells.empty())
+            return;
+        std::sort(cells.begin(), cells.end(),
+                  [](const Cell& a, const Cell& b) { return a.firstPosition < b.firstPosition; });
         const int headerRows = table->format().headerRowCount();
         double top = Infinity;
         double bottom = -Infinity;
         double headerBottom = -Infinity;
         double bodyTop = Infinity;
-        for (int r = 0; r < rows; ++r) {
-            for (int c = 0; c < table->columns(); ++c) {
-                const QTextTableCell cell = table->cellAt(r, c);
-                if (cell.row() != r || cell.column() != c)
-                    continue; // the rest of a spanning cell
-                const auto [cellTop, cellBottom] = extent(cell);
-                if (cellTop > cellBottom)
+        QTextBlock block = m_document.findBlock(cells.front().firstPosition);
+        for (size_t i = 0; i < cells.size(); ++i) {
+            const int next = i + 1 < cells.size() ? cells[i + 1].firstPosition : table->lastPosition() + 1;
+            double cellTop = Infinity;
+            double cellBottom = -Infinity;
+            for (; block.isValid() && block.position() < next; block = block.next()) {
+                if (!block.isVisible())
                     continue;
-                spans.push_back({cellTop, cellBottom, false});
-                top = std::min(top, cellTop);
-                bottom = std::max(bottom, cellBottom);
-                if (r < headerRows)
-                    headerBottom = std::max(headerBottom, cellBottom);
-                else
-                    bodyTop = std::min(bodyTop, cellTop);
+                const QRectF rect = m_layout.blockBoundingRect(block);
+                cellTop = std::min(cellTop, rect.top());
+                cellBottom = std::max(cellBottom, rect.bottom());
             }
+            if (cellTop > cellBottom)
+                continue;
+            spans.push_back({cellTop, cellBottom, false});
+            top = std::min(top, cellTop);
+            bottom = std::max(bottom, cellBottom);
+            if (cells[i].row < headerRows)
+                headerBottom = std::max(headerBottom, cellBottom);
+            else
+                bodyTop = std::min(bodyTop, cellTop);
         }
         if (top > bottom)
             return;
@@ -226,6 +232,8 @@ QList<PageSlice> PageBreaker::paginate(QTextDocument& document, double bodyHeigh
     const std::vector<Cut> cuts = cutsOf(survey, documentHeight);
 
     QList<PageSlice> pages;
+    if (!(bodyHeight > 0)) // no room to cut into: one page, as tall as it is
+        return {PageSlice{0, documentHeight, {}}};
     PageSlice page;
     auto from = cuts.cbegin();
     for (;;) {

@@ -71,6 +71,15 @@ bool Program::prepareDataFolder() {
         }
         DatabaseFile::restrictToOwner(dir, true);
     }
+    // The lock is the first thing written here: without this check a folder that cannot be
+    // written to (a read-only mount) would pass for a copy of Ordwell already running.
+    if (!QFileInfo(dir).isWritable()) {
+        m_context->prompter().message(
+            QStringLiteral("Ordwell cannot start because its data folder \"%1\" cannot be written to.")
+                .arg(QDir::toNativeSeparators(dir)),
+            QString(), MessageIcon::Critical);
+        return false;
+    }
     return true;
 }
 

@@ -99,10 +99,11 @@ Result<QSqlDatabase> open(const QString& connectionName, const QString& path, bo
         return Status::fail(
             QStringLiteral("The database \"%1\" could not be opened: %2").arg(QDir::toNativeSeparators(path), why));
     }
-    // SQLite opens any file lazily; reading the catalogue proves it is a database.
+    // SQLite opens any file lazily; reading the catalogue proves it is a database. An emptied
+    // file reads as a database without tables, and none of ours is ever without them.
     Sql::Refusal why = Sql::Refusal::None;
     const Status check = Sql::run(db, QStringLiteral("SELECT count(*) FROM sqlite_master"), {}, &why);
-    if (!check) {
+    if (!check || Sql::scalar(db, QStringLiteral("SELECT count(*) FROM sqlite_master"))->toInt() == 0) {
         db.close();
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(connectionName);

@@ -36,6 +36,9 @@ const QList<Line> FirstRun = {{QStringLiteral("A1"), QStringLiteral("4")},
 // Entered into the recovered order.
 const Line SecondRun = {QStringLiteral("D4"), QStringLiteral("2")};
 
+// The main window's width as the settings place it (15,000 twips at 96 dpi); the splash is narrower.
+constexpr int MainWidth = 1000;
+
 // Every item costs 1.50.
 constexpr qint64 PriceTenThousandths = 15000;
 
@@ -124,29 +127,39 @@ public:
         return out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
 
-    // Waits for a window with this title; with several (the splash shares the main window's
-    // title until it goes), the widest.
-    QString waitForWindow(const QString& title, int ms = 30000) const {
+    // Waits for a visible window with this title at least `minWidth` pixels wide (the splash
+    // shares the main window's title while it is up, and is smaller).
+    QString waitForWindow(const QString& title, int minWidth, int ms = 60000) const {
         QString found;
         waitUntil(
             [&] {
-                int widest = -1;
                 for (const QString& id : windows(title)) {
-                    const QString geometry = run({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id});
-                    for (const QString& line : geometry.split(QLatin1Char('\n'))) {
-                        if (line.startsWith(QLatin1String("WIDTH="))) {
-                            const int width = line.mid(6).toInt();
-                            if (width > widest) {
-                                widest = width;
-                                found = id;
-                            }
-                        }
-                    }
+                    if (width(id) >= minWidth)
+                        found = id;
                 }
                 return !found.isEmpty();
             },
             ms);
         return found;
+    }
+
+    int width(const QString& window) const {
+        const QString geometry = run({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), window});
+        for (const QString& line : geometry.split(QLatin1Char('\n'))) {
+            if (line.startsWith(QLatin1String("WIDTH=")))
+                return line.mid(6).toInt();
+        }
+        return -1;
+    }
+
+    // Every visible window's title and width, for a failure message.
+    QString describeScreen() const {
+        QStringList seen;
+        const QString ids = run({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                                 QStringLiteral(".*")});
+        for (const QString& id : ids.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+            seen << QStringLiteral("\"%1\" %2px").arg(run({QStringLiteral("getwindowname"), id})).arg(width(id));
+        return QStringLiteral("windows on the screen: ") + seen.join(QStringLiteral(", "));
     }
 
     // With no window manager the X focus is only where it is put.
@@ -209,6 +222,17 @@ private:
     QString m_name;
 };
 
+// The program under test; a failing check never leaves it running.
+class OrdwellProcess : public QProcess {
+public:
+    ~OrdwellProcess() override {
+        if (state() != QProcess::NotRunning) {
+            kill();
+            waitForFinished(10000);
+        }
+    }
+};
+
 } // namespace
 
 class TestKilledProcess : public test::StrictTest {
@@ -219,7 +243,7 @@ class TestKilledProcess : public test::StrictTest {
     QTemporaryDir m_runtimeDir; // owner-only, as Qt wants it
 
     // Ordwell on our X server and folders, as a user would start it.
-    void startOrdwell(QProcess& ordwell) {
+    void startOrdwell(OrdwellProcess& ordwell) {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("DISPLAY"), m_x->display());
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
@@ -264,6 +288,9 @@ class TestKilledProcess : public test::StrictTest {
         }
         context.closeVendorDb();
         context.closeSystemDb();
+        // The main window where it was last left: large, so it is told from the splash by size.
+        QVERIFY(test::writeFile(m_folders->settingsFile(), QByteArrayLiteral("[Settings]\nMainLeft=0\nMainTop=0\n"
+                                                                             "MainWidth=15000\nMainHeight=11000\n")));
     }
 
     // File > Switch Vendor, the one vendor, Select Vendor.
@@ -271,7 +298,7 @@ class TestKilledProcess : public test::StrictTest {
         kb.focus(mainWindow);
         kb.keys({QStringLiteral("ctrl+s")});
         // The chooser has no window of its own to wait for; give it a moment to take the focus.
-        QThread::msleep(1500);
+        QThread::msleep(2000);
         kb.keys({QStringLiteral("Down"), QStringLiteral("alt+s")});
     }
 
@@ -298,7 +325,16 @@ private slots:
 
     void cleanupTestCase() { m_x.reset(); }
 
+    // What is on the screen when the end comes: never stored, so never recovered.
+    void killedDuringLineEntryRecoversEveryConfirmedLine_data() {
+        QTest::addColumn<QStringList>("unconfirmed");
+        QTest::newRow("a code half typed") << QStringList{QStringLiteral("type"), QStringLiteral("D")};
+        QTest::newRow("a known code's quantity being typed") << QStringList{
+            QStringLiteral("type"), QStringLiteral("A1"),     QStringLiteral("key"),  QStringLiteral("Return"),
+            QStringLiteral("key"),  QStringLiteral("ctrl+a"), QStringLiteral("type"), QStringLiteral("7")};
+    }
     void killedDuringLineEntryRecoversEveryConfirmedLine() {
+        QFETCH(QStringList, unconfirmed);
         m_folders = std::make_unique<test::TestFolders>();
         prepareDataFolder();
         const Keyboard kb(m_x->display());
@@ -306,11 +342,13 @@ private slots:
 
         // First run: a new order, its header, three lines, and a fourth code half typed.
         {
-            QProcess ordwell;
+            OrdwellProcess ordwell;
             startOrdwell(ordwell);
             QVERIFY2(ordwell.waitForStarted(10000), qPrintable(ordwell.errorString()));
-            const QString mainWindow = kb.waitForWindow(QStringLiteral("Ordwell"));
-            QVERIFY2(!mainWindow.isEmpty(), "the main window never showed");
+            const QString mainWindow = kb.waitForWindow(QStringLiteral("Ordwell"), MainWidth);
+            QVERIFY2(!mainWindow.isEmpty(), qPrintable(QStringLiteral("the main window never showed; running: %1; %2")
+                                                           .arg(ordwell.state() == QProcess::Running)
+                                                           .arg(kb.describeScreen())));
             openVendor(kb, mainWindow);
 
             VendorFileWatch watch(vendorFile);
@@ -338,7 +376,14 @@ private slots:
                     qPrintable(
                         QStringLiteral("line %1 (%2) never reached the database").arg(i + 1).arg(FirstRun[i].code)));
             }
-            kb.type(QStringLiteral("D"));
+            for (int i = 0; i + 1 < unconfirmed.size(); i += 2) {
+                if (unconfirmed[i] == QLatin1String("type"))
+                    kb.type(unconfirmed[i + 1]);
+                else
+                    kb.keys({unconfirmed[i + 1]});
+            }
+            // Let the program take the keys in before the end comes.
+            QThread::msleep(500);
 
             ::kill(static_cast<pid_t>(ordwell.processId()), SIGKILL);
             QVERIFY(ordwell.waitForFinished(10000));
@@ -346,14 +391,18 @@ private slots:
         }
 
         // Second run: opening the vendor announces the live order and the form takes it up.
-        QProcess ordwell;
+        OrdwellProcess ordwell;
         startOrdwell(ordwell);
         QVERIFY2(ordwell.waitForStarted(10000), qPrintable(ordwell.errorString()));
-        const QString mainWindow = kb.waitForWindow(QStringLiteral("Ordwell"));
-        QVERIFY2(!mainWindow.isEmpty(), "the main window never showed after the kill");
+        const QString mainWindow = kb.waitForWindow(QStringLiteral("Ordwell"), MainWidth);
+        QVERIFY2(!mainWindow.isEmpty(),
+                 qPrintable(QStringLiteral("the main window never showed after the kill; running: %1; %2")
+                                .arg(ordwell.state() == QProcess::Running)
+                                .arg(kb.describeScreen())));
         openVendor(kb, mainWindow);
-        const QString notice = kb.waitForWindow(QStringLiteral("System Recovery"));
-        QVERIFY2(!notice.isEmpty(), "no recovery notice on opening the vendor");
+        const QString notice = kb.waitForWindow(QStringLiteral("System Recovery"), 0);
+        QVERIFY2(!notice.isEmpty(),
+                 qPrintable(QStringLiteral("no recovery notice on opening the vendor; ") + kb.describeScreen()));
         kb.focus(notice);
         kb.keys({QStringLiteral("Return")});
         QVERIFY(waitUntil([&] { return kb.windows(QStringLiteral("System Recovery")).isEmpty(); }, 30000));
@@ -366,9 +415,10 @@ private slots:
         QCOMPARE(watch.lineCount(), FirstRun.size());
         for (const Line& line : FirstRun)
             QCOMPARE(watch.lineQty(line.code), line.qty);
+        QCOMPARE(watch.orderField(QStringLiteral("totalval")), total(4 + 12 + 1));
 
         // Entry goes on in the recovered order, from its code box.
-        QThread::msleep(1000);
+        QThread::msleep(2000);
         enterLine(kb, SecondRun);
         const int units = 4 + 12 + 1 + 2;
         QVERIFY2(waitUntil(
@@ -383,11 +433,16 @@ private slots:
 
         // Leaving the form ends the entry: the order and all four lines become "E".
         kb.keys({QStringLiteral("alt+x")});
-        QVERIFY2(waitUntil([&] { return watch.orderField(QStringLiteral("status")) == QLatin1String("E"); }, 30000),
+        // The order is written before its lines: wait for both.
+        QVERIFY2(waitUntil(
+                     [&] {
+                         return watch.orderField(QStringLiteral("status")) == QLatin1String("E") &&
+                                watch.value(QStringLiteral("SELECT COUNT(*) FROM orderline WHERE orderid = ? AND "
+                                                           "status = 'E'"),
+                                            {OrderNumber}) == QString::number(FirstRun.size() + 1);
+                     },
+                     30000),
                  "Exit did not end the recovered order's entry");
-        QCOMPARE(watch.value(QStringLiteral("SELECT COUNT(*) FROM orderline WHERE orderid = ? AND status = 'E'"),
-                             {OrderNumber}),
-                 QString::number(FirstRun.size() + 1));
         QCOMPARE(watch.orderField(QStringLiteral("totalval")), total(units));
 
         ordwell.kill();

@@ -261,6 +261,17 @@ private slots:
         QVERIFY(pages.first().repeatedHeaders.isEmpty());
         QCOMPARE(pages.first().bottom, body.height());
     }
+
+    // A page with no room at all cannot be cut into; the body comes back whole, not in an
+    // endless run of empty pages.
+    void noRoomGivesOnePage() {
+        Body body(monthTables());
+        for (double bodyHeight : {0.0, -5.0}) {
+            const QList<PageSlice> pages = PageBreaker::paginate(body.doc(), bodyHeight);
+            QCOMPARE(pages.size(), 1);
+            QCOMPARE(pages.first().bottom, body.height());
+        }
+    }
 };
 
 QTEST_MAIN(TestPageBreaker)
