@@ -70,10 +70,9 @@ private slots:
     // Pasted into each box of the windows as they are opened from the menu.
     void boxesKeepWholeCharacters_data() {
         QTest::addColumn<int>("box");
-        for (int i = 0; i < freeTextBoxes().size(); ++i) {
-            const BoxColumn& b = freeTextBoxes().at(i);
-            QTest::addRow("%s %s", b.window, qPrintable(b.column)) << i;
-        }
+        const QList<BoxColumn> boxes = freeTextBoxes();
+        for (int i = 0; i < boxes.size(); ++i)
+            QTest::addRow("%s %s", boxes.at(i).window, qPrintable(boxes.at(i).column)) << i;
     }
     void boxesKeepWholeCharacters() {
         QFETCH(int, box);
