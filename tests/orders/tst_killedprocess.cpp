@@ -59,10 +59,12 @@ class XServer {
 public:
     bool start(QString& why) {
         // -displayfd: the server picks a free display and writes its number on our standard output.
+        // -noreset: the server would otherwise reset when its last client goes, as the killed
+        // program does, and refuse the restarted one while it resets.
         m_process.start(QStringLiteral("Xvfb"),
-                        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                         QStringLiteral("0"), QStringLiteral("1280x800x24"), QStringLiteral("-nolisten"),
-                         QStringLiteral("tcp")});
+                        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"),
+                         QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1280x800x24"),
+                         QStringLiteral("-nolisten"), QStringLiteral("tcp")});
         if (!m_process.waitForStarted(10000)) {
             why = QStringLiteral("Xvfb did not start: ") + m_process.errorString();
             return false;
