@@ -40,13 +40,17 @@ MessageAnswer QtPrompter::message(const QString& text, const QString& title, Mes
     return MessageAnswer::Ok;
 }
 
-std::optional<QString> QtPrompter::openFile(const FileRequest& request) {
+namespace {
+
+// Qt's own dialog on every platform, so tests and the screen reader find the same widgets.
+std::optional<QString> runFileDialog(const FileRequest& request, const QString& objectName,
+                                     QFileDialog::AcceptMode acceptMode, QFileDialog::FileMode fileMode) {
     QFileDialog dialog(QApplication::activeWindow(), request.title, request.startFolder);
-    dialog.setObjectName(QStringLiteral("dlgOpenFile"));
+    dialog.setObjectName(objectName);
     dialog.setOption(QFileDialog::DontUseNativeDialog, true);
     dialog.setOption(QFileDialog::ReadOnly, false);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setFileMode(request.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setAcceptMode(acceptMode);
+    dialog.setFileMode(fileMode);
     dialog.setNameFilters(request.filters);
     if (!request.filters.isEmpty())
         dialog.selectNameFilter(request.filters.first());
@@ -55,18 +59,15 @@ std::optional<QString> QtPrompter::openFile(const FileRequest& request) {
     return dialog.selectedFiles().first();
 }
 
+} // namespace
+
+std::optional<QString> QtPrompter::openFile(const FileRequest& request) {
+    return runFileDialog(request, QStringLiteral("dlgOpenFile"), QFileDialog::AcceptOpen,
+                         request.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+}
+
 std::optional<QString> QtPrompter::saveFile(const FileRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow(), request.title, request.startFolder);
-    dialog.setObjectName(QStringLiteral("dlgSaveFile"));
-    dialog.setOption(QFileDialog::DontUseNativeDialog, true);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters(request.filters);
-    if (!request.filters.isEmpty())
-        dialog.selectNameFilter(request.filters.first());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    return dialog.selectedFiles().first();
+    return runFileDialog(request, QStringLiteral("dlgSaveFile"), QFileDialog::AcceptSave, QFileDialog::AnyFile);
 }
 
 } // namespace ordwell
