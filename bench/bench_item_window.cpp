@@ -1,6 +1,7 @@
 // The item window over a catalogue of 1,000,000 items: how long it takes to open (counting the
 // catalogue and showing the first item) and the process's peak memory with it open after
 // paging to the end and back. Prints "<name> <value> <unit>" lines.
+#include "BenchProcess.h"
 #include "PeakMemory.h"
 #include "SilentPrompter.h"
 #include "catalogue/ItemForm.h"
@@ -55,16 +56,13 @@ int generate(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3 && qstrcmp(argv[1], "--generate") == 0)
+    if (bench::isGeneratorRun(argc, argv))
         return generate(argc, argv);
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    bench::offscreenUnlessChosen();
     QApplication app(argc, argv);
     QTemporaryDir dir;
-    if (QProcess::execute(QCoreApplication::applicationFilePath(), {QStringLiteral("--generate"), dir.path()}) != 0) {
-        std::fprintf(stderr, "cannot make the catalogue\n");
+    if (!bench::generateInChild(dir, "the catalogue"))
         return 1;
-    }
 
     SilentPrompter prompter;
     AppContext context(dir.path(), dir.filePath(QStringLiteral("settings.ini")), prompter);

@@ -2,6 +2,7 @@
 // 999 lines: how long loading the order into the grid takes, and one scan through the real form
 // (the code typed with Enter, resolved through the rules, the line recorded with the header's
 // total, the quantity confirmed). Prints "<name> <value> <unit>" lines.
+#include "BenchProcess.h"
 #include "SilentPrompter.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
@@ -93,35 +94,16 @@ int generate(int argc, char** argv) {
     return 0;
 }
 
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-bool waitFor(const std::function<bool()>& done) {
-    QElapsedTimer waited;
-    waited.start();
-    while (!done()) {
-        if (waited.elapsed() > 10000)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-    return true;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3 && qstrcmp(argv[1], "--generate") == 0)
+    if (bench::isGeneratorRun(argc, argv))
         return generate(argc, argv);
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    bench::offscreenUnlessChosen();
     QApplication app(argc, argv);
     QTemporaryDir dir;
-    if (QProcess::execute(QCoreApplication::applicationFilePath(), {QStringLiteral("--generate"), dir.path()}) != 0) {
-        std::fprintf(stderr, "cannot make the catalogue\n");
+    if (!bench::generateInChild(dir, "the catalogue"))
         return 1;
-    }
 
     SilentPrompter prompter;
     AppContext context(dir.path(), dir.filePath(QStringLiteral("settings.ini")), prompter);
@@ -136,7 +118,7 @@ int main(int argc, char** argv) {
         window.show();
         window.activateWindow();
         OrderForm* form = openOrderForm(window, context, OrderMode::New);
-        if (!waitFor([form] { return form->ActivatedOnce; })) {
+        if (!bench::waitFor([form] { return form->ActivatedOnce; })) {
             std::fprintf(stderr, "the order form was never activated\n");
             return 1;
         }
@@ -187,8 +169,8 @@ int main(int argc, char** argv) {
             std::fprintf(stderr, "the scans were not recorded\n");
             status = 1;
         }
-        std::printf("grid_load_999_ms %.1f ms\n", median(loads));
-        std::printf("scan_median_ms %.2f ms\n", median(scans));
+        std::printf("grid_load_999_ms %.1f ms\n", bench::median(loads));
+        std::printf("scan_median_ms %.2f ms\n", bench::median(scans));
         form->ui().cmdbutton[5]->click();
     }
     context.vendorSession().close();

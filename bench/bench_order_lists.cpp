@@ -3,6 +3,7 @@
 // button, and how long one step of the navigation bar takes (first, next, previous, last, each
 // bringing the order's lines into the grid). Everything goes through the real form's buttons.
 // Prints "<name> <value> <unit>" lines; order_list_10k_ms is the slowest list to come up.
+#include "BenchProcess.h"
 #include "SilentPrompter.h"
 #include "common/Sql.h"
 #include "orders/OrderForm.h"
@@ -92,22 +93,6 @@ int generate(int argc, char** argv) {
     return 0;
 }
 
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-bool waitFor(const std::function<bool()>& done) {
-    QElapsedTimer waited;
-    waited.start();
-    while (!done()) {
-        if (waited.elapsed() > 10000)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-    return true;
-}
-
 // Milliseconds for a click and the repaint after it.
 double timedClick(QPushButton* button) {
     QElapsedTimer timer;
@@ -134,16 +119,13 @@ const ListCase Cases[] = {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3 && qstrcmp(argv[1], "--generate") == 0)
+    if (bench::isGeneratorRun(argc, argv))
         return generate(argc, argv);
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    bench::offscreenUnlessChosen();
     QApplication app(argc, argv);
     QTemporaryDir dir;
-    if (QProcess::execute(QCoreApplication::applicationFilePath(), {QStringLiteral("--generate"), dir.path()}) != 0) {
-        std::fprintf(stderr, "cannot make the orders\n");
+    if (!bench::generateInChild(dir, "the orders"))
         return 1;
-    }
 
     SilentPrompter prompter;
     AppContext context(dir.path(), dir.filePath(QStringLiteral("settings.ini")), prompter);
@@ -160,7 +142,7 @@ int main(int argc, char** argv) {
         window.show();
         window.activateWindow();
         OrderForm* form = openOrderForm(window, context, QString());
-        if (!waitFor([form] { return form->ActivatedOnce; })) {
+        if (!bench::waitFor([form] { return form->ActivatedOnce; })) {
             std::fprintf(stderr, "the order form was never activated\n");
             return 1;
         }
@@ -191,8 +173,8 @@ int main(int argc, char** argv) {
                 ui.cmdcancelld->click();
                 QCoreApplication::processEvents();
             }
-            const double open = median(opens);
-            const double step = median(steps);
+            const double open = bench::median(opens);
+            const double step = bench::median(steps);
             slowestOpen = std::max(slowestOpen, open);
             slowestStep = std::max(slowestStep, *std::max_element(steps.begin(), steps.end()));
             std::printf("order_list_open_%s_ms %.1f ms\n", c.key, open);
