@@ -2,7 +2,7 @@
 // as it was, and works again once there is room.
 #include "../catalogue/CatalogueSession.h"
 #include "../orders/OrderFixture.h"
-#include "DatabaseDump.h"
+#include "support/DatabaseDump.h"
 #include "PrivateDisk.h"
 #include "common/Sql.h"
 #include "orders/OrderWords.h"

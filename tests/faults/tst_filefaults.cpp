@@ -1,7 +1,7 @@
 // Files under the program that are damaged, read-only or held by another program: each is
 // told plainly, nothing stored changes, and the program goes on once the cause is gone.
 #include "../orders/OrderFixture.h"
-#include "DatabaseDump.h"
+#include "support/DatabaseDump.h"
 #include "PrivateDisk.h"
 #include "common/Sql.h"
 #include "orders/OrderExport.h"

@@ -5,6 +5,7 @@
 #include "store/Compaction.h"
 #include "store/DatabaseFile.h"
 #include "store/Store.h"
+#include "support/DatabaseDump.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorRepository.h"
 #include "vendors/VendorSession.h"
@@ -28,34 +29,9 @@ namespace {
 
 const QString Done = QStringLiteral("Database maintenance completed sucessfully");
 
-// Every table's rows as sorted text, and the catalogue: what "the same contents" means.
-// Sorted because compaction may renumber the hidden row ids of keyed tables.
+// Compaction may renumber the hidden row ids of keyed tables: the dump's rows are sorted.
 QMap<QString, QStringList> dump(const QString& path) {
-    QMap<QString, QStringList> contents;
-    const QString name = QUuid::createUuid().toString();
-    {
-        auto db = DatabaseFile::open(name, path, true);
-        QSqlQuery catalogue(*db);
-        catalogue.exec(QStringLiteral("SELECT type, name, sql FROM sqlite_master ORDER BY type, name"));
-        while (catalogue.next()) {
-            contents[QStringLiteral("catalogue")]
-                << catalogue.value(0).toString() + catalogue.value(1).toString() + catalogue.value(2).toString();
-            if (catalogue.value(0).toString() != QLatin1String("table"))
-                continue;
-            QSqlQuery rows(*db);
-            rows.exec(QStringLiteral("SELECT * FROM \"%1\"").arg(catalogue.value(1).toString()));
-            QStringList& lines = contents[catalogue.value(1).toString()];
-            while (rows.next()) {
-                QStringList fields;
-                for (int i = 0; i < rows.record().count(); ++i)
-                    fields << (rows.isNull(i) ? QStringLiteral("<null>") : rows.value(i).toString());
-                lines << fields.join(QLatin1Char('|'));
-            }
-            lines.sort();
-        }
-    }
-    DatabaseFile::close(name);
-    return contents;
+    return test::databaseDump(path);
 }
 
 // The main window with its menus wired, not shown (the maintenance entries need no more), and
