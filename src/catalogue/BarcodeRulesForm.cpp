@@ -1,6 +1,9 @@
 #include "BarcodeRulesForm.h"
 
 #include "BarcodeRules.h"
+#include "ScanKeyFilter.h"
+#include "ScanReading.h"
+#include "ScanTrial.h"
 #include "common/FormHelpers.h"
 #include "common/TextChecks.h"
 #include "common/WaitCursor.h"
@@ -34,6 +37,49 @@ BarcodeRulesForm::BarcodeRulesForm(AppContext& context, QWidget* parent) : ToolW
     LoadRuleGrid();
     for (QLineEdit* box : m_boxes)
         setBoxColour(box, BoxColour::Required);
+}
+
+BarcodeRulesForm::~BarcodeRulesForm() = default;
+
+QLayout* BarcodeRulesForm::buildTester() {
+    m_sample = new QLineEdit(this);
+    m_sample->setObjectName(QStringLiteral("txtscantest"));
+    m_sample->setAccessibleDescription(
+        QStringLiteral("Type or scan a barcode and press Enter to see which rule or GS1 reading applies"));
+    auto* caption = new QLabel(QStringLiteral("&Test a Scan"), this);
+    caption->setObjectName(QStringLiteral("lblscantest"));
+    caption->setBuddy(m_sample);
+    m_sampleResult = new QLabel(this);
+    m_sampleResult->setObjectName(QStringLiteral("lblscanresult"));
+    m_sampleResult->setWordWrap(true);
+    m_sampleResult->setTextFormat(Qt::PlainText);
+    m_sampleResult->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    // Left without an accessible name, so a screen reader reads the outcome itself.
+    m_sampleResult->setAccessibleDescription(QStringLiteral("What the scan being tested reads as"));
+    auto settings = context().settings();
+    m_sampleKeys = new ScanKeyFilter(m_sample, GroupSeparatorSubstitute::fromSettings(*settings));
+    connect(m_sample, &QLineEdit::returnPressed, this, [this] { testScan(); });
+
+    auto* tester = new QGridLayout;
+    tester->addWidget(caption, 0, 0);
+    tester->addWidget(m_sample, 0, 1);
+    tester->addWidget(m_sampleResult, 1, 0, 1, 2);
+    tester->setColumnStretch(1, 1);
+    return tester;
+}
+
+void BarcodeRulesForm::testScan() {
+    if (!m_reader)
+        m_reader = std::make_unique<ScanReader>();
+    const Result<ScanTrial> trial = [&] {
+        WaitCursor wait;
+        return tryScan(*m_reader, context().vendorDb(), m_sample->text(), QDate::currentDate());
+    }();
+    if (!trial) {
+        context().prompter().message(trial.message(), QString(), MessageIcon::Critical);
+        return;
+    }
+    m_sampleResult->setText(trial->describe().join(QLatin1Char('\n')));
 }
 
 void BarcodeRulesForm::buildControls() {
@@ -87,13 +133,15 @@ void BarcodeRulesForm::buildControls() {
     layout->addWidget(m_grid, 1);
     layout->addLayout(entry);
     layout->addLayout(buttons);
+    layout->addLayout(buildTester());
 
     setTabOrder(m_boxes[0], m_boxes[1]);
     setTabOrder(m_boxes[1], m_boxes[2]);
     setTabOrder(m_boxes[2], m_buttons[AddButton]);
     setTabOrder(m_buttons[AddButton], m_buttons[EditButton]);
     setTabOrder(m_buttons[EditButton], m_buttons[ExitButton]);
-    setTabOrder(m_buttons[ExitButton], m_grid);
+    setTabOrder(m_buttons[ExitButton], m_sample);
+    setTabOrder(m_sample, m_grid);
 }
 
 QAbstractButton* BarcodeRulesForm::closeBoxButton() const {

@@ -2,12 +2,17 @@
 
 #include "shell/ToolWindow.h"
 
+#include <memory>
+
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTableWidget;
 
 namespace ordwell {
+
+class ScanKeyFilter;
+class ScanReader;
 
 // frmbarcodes: the open vendor's barcode rules in a grid (active ones first, deactivated ones
 // red), with boxes to add a rule or edit one. Double-clicking a row switches the rule between
@@ -16,6 +21,7 @@ class BarcodeRulesForm : public ToolWindow {
     Q_OBJECT
 public:
     explicit BarcodeRulesForm(AppContext& context, QWidget* parent = nullptr);
+    ~BarcodeRulesForm() override;
 
     enum Button { AddButton, EditButton, ExitButton, ButtonCount };
     static constexpr int GridRows = 100;
@@ -41,11 +47,18 @@ private:
     void onGridDoubleClick();
     void onEnter(int box);
     void fail(const QString& message, const QString& title, int box);
+    QLayout* buildTester();
+    void testScan();
 
     QTableWidget* m_grid = nullptr;
     QLabel* m_labels[3] = {nullptr, nullptr, nullptr};
     QLineEdit* m_boxes[3] = {nullptr, nullptr, nullptr};
     QPushButton* m_buttons[ButtonCount] = {nullptr, nullptr, nullptr};
+    // The tester: a sample typed or scanned, and what it reads as.
+    QLineEdit* m_sample = nullptr;
+    QLabel* m_sampleResult = nullptr;
+    ScanKeyFilter* m_sampleKeys = nullptr;
+    std::unique_ptr<ScanReader> m_reader;
 
     bool m_editingRule = false;
     int m_editRow = 0;
