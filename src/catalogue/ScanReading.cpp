@@ -185,13 +185,23 @@ void ScanReader::readElementString(const QByteArray& scanData, ScanReading& read
         reading.refusal = QStringLiteral("GS1 data cannot be read: the reader could not be set up.");
         return;
     }
-    const bool ok = scanData.startsWith('(') ? gs1_encoder_setAIdataStr(engine, scanData.constData())
-                                             : gs1_encoder_setScanData(engine, scanData.constData());
-    if (!ok) {
+    auto parse = [&] {
+        return scanData.startsWith('(') ? gs1_encoder_setAIdataStr(engine, scanData.constData())
+                                        : gs1_encoder_setScanData(engine, scanData.constData());
+    };
+    if (!parse()) {
         // The engine names the field: "AI (01): The numeric check digit is incorrect."
         const QString why = QString::fromUtf8(gs1_encoder_getErrMsg(engine));
-        reading.refusal = why.isEmpty() ? QStringLiteral("The GS1 data could not be read.") : why;
-        return;
+        // A field missing beside another (a case count without its SSCC) leaves what was read
+        // true, so it is a warning; a bad field or fields that exclude each other are refused.
+        gs1_encoder_setValidationEnabled(engine, gs1_encoder_vREQUISITE_AIS, false);
+        const bool readsWithout = parse();
+        gs1_encoder_setValidationEnabled(engine, gs1_encoder_vREQUISITE_AIS, true);
+        if (!readsWithout) {
+            reading.refusal = why.isEmpty() ? QStringLiteral("The GS1 data could not be read.") : why;
+            return;
+        }
+        reading.warnings.append(why);
     }
     reading.kind = ScanReading::Kind::Gs1;
     reading.fields = fieldsOf(engine);

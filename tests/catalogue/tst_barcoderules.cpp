@@ -276,6 +276,42 @@ private slots:
         QCOMPARE(r.s.prompter().messages[0].title, QStringLiteral("Invalid Data"));
     }
 
+    // The tester shows which rule turned a sample into which item code, and how GS1 data reads.
+    void theTesterShowsWhatASampleGives() {
+        Rules r;
+        r.enter(QStringLiteral("99"), QStringLiteral("2"), QStringLiteral("1"));
+        r.button(BarcodeRulesForm::AddButton)->click();
+        r.s.addItem(QStringLiteral("12345"), QStringLiteral("Widget"));
+        auto* sample = test::child<QLineEdit>(r.form, QStringLiteral("txtscantest"));
+        auto* result = test::child<QLabel>(r.form, QStringLiteral("lblscanresult"));
+        QCOMPARE(test::child<QLabel>(r.form, QStringLiteral("lblscantest"))->buddy(), sample);
+        QVERIFY(result->accessibleName().isEmpty());
+        auto tryIt = [&](const QString& text) {
+            sample->setText(text);
+            test::pressEnter(sample);
+            return result->text().split(QLatin1Char('\n'));
+        };
+        QCOMPARE(tryIt(QStringLiteral("9912345x")),
+                 QStringList({QStringLiteral("Rule \"99\" (skip first 2, skip last 1): 9912345X becomes 12345."),
+                              QStringLiteral("Item code 12345: Widget.")}));
+        QCOMPARE(tryIt(QStringLiteral("12345")), QStringList{QStringLiteral("Item code 12345: Widget.")});
+        QCOMPARE(tryIt(QStringLiteral("4006381333932")).first(),
+                 QStringLiteral("Refused: The check digit of 4006381333932 is wrong: the barcode was misread."));
+        // Typed as a scanner types it, the group separator as Ctrl+].
+        sample->clear();
+        QTest::keyClicks(sample, QStringLiteral("]C1000950110100000000180209501101530003371"));
+        QTest::keyClick(sample, Qt::Key_BracketRight, Qt::ControlModifier);
+        QTest::keyClicks(sample, QStringLiteral("10ABC17261231"));
+        QTest::keyClick(sample, Qt::Key_Return);
+        const QStringList lines = result->text().split(QLatin1Char('\n'));
+        QCOMPARE(lines.mid(0, 2),
+                 QStringList(
+                     {QStringLiteral("GS1 data: (00) 095011010000000018 (02) 09501101530003 (37) 1 (10) ABC17261231"),
+                      QStringLiteral("GTIN 09501101530003, quantity 1.")}));
+        QVERIFY2(lines.value(2).startsWith(QStringLiteral("Warning: (10) ABC17261231 ends in")),
+                 qPrintable(lines.value(2)));
+    }
+
     void theGridGrowsPastNinetyNine() {
         QList<QPair<QString, QString>> many;
         for (int i = 1; i <= 120; ++i)
