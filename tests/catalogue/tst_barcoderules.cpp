@@ -285,7 +285,7 @@ private slots:
         auto* sample = test::child<QLineEdit>(r.form, QStringLiteral("txtscantest"));
         auto* result = test::child<QLabel>(r.form, QStringLiteral("lblscanresult"));
         QCOMPARE(test::child<QLabel>(r.form, QStringLiteral("lblscantest"))->buddy(), sample);
-        QVERIFY(result->accessibleName().isEmpty());
+
         auto tryIt = [&](const QString& text) {
             sample->setText(text);
             test::pressEnter(sample);
@@ -295,6 +295,7 @@ private slots:
                  QStringList({QStringLiteral("Rule \"99\" (skip first 2, skip last 1): 9912345X becomes 12345."),
                               QStringLiteral("Item code 12345: Widget.")}));
         QCOMPARE(tryIt(QStringLiteral("12345")), QStringList{QStringLiteral("Item code 12345: Widget.")});
+        QCOMPARE(test::labelsHidingTheirText(r.form), QStringList());
         QCOMPARE(tryIt(QStringLiteral("4006381333932")).first(),
                  QStringLiteral("Refused: The check digit of 4006381333932 is wrong: the barcode was misread."));
         // Typed as a scanner types it, the group separator as Ctrl+].
