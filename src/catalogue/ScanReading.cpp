@@ -135,10 +135,6 @@ ScanReader::ScanReader() : m_engine(std::make_unique<Engine>()) {}
 
 ScanReader::~ScanReader() = default;
 
-bool ScanReader::isReady() const {
-    return m_engine->main && m_engine->scratch;
-}
-
 ScanReading ScanReader::read(const QString& text, const QDate& today) {
     ScanReading reading;
     QString data = text;
@@ -255,8 +251,9 @@ void ScanReader::lookForLostSeparators(ScanReading& reading) {
     for (const Gs1Field& field : std::as_const(reading.fields)) {
         if (isPredefinedLength(field))
             continue;
-        // Keep at least one character of the field; the shortest predefined field is 2 + 2.
-        for (qsizetype at = 1; at + 4 <= field.value.size(); ++at) {
+        // Keep at least one character of the field. A tail of at least 8 leaves out only (20),
+        // whose two digits would make every batch ending in "2023" look suspect.
+        for (qsizetype at = 1; at + 8 <= field.value.size(); ++at) {
             const QString tail = field.value.mid(at);
             if (!tail.at(0).isDigit() || !tail.at(1).isDigit())
                 continue;

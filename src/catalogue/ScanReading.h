@@ -69,9 +69,6 @@ public:
     // whether an expiry has passed.
     ScanReading read(const QString& text, const QDate& today);
 
-    // False when GS1's parser could not be set up (out of memory); every GS1 scan is then refused.
-    bool isReady() const;
-
 private:
     struct Engine;
     void readElementString(const QByteArray& scanData, ScanReading& reading, const QDate& today);

@@ -58,6 +58,10 @@ QStringList ScanTrial::describe() const {
         lines << QStringLiteral("GTIN %1, check digit right.").arg(r.gtin);
         break;
     case ScanReading::Kind::Misread:
+        // Vendors' own codes can be all digits: a misread only when the code finds nothing.
+        if (!itemDescription)
+            lines << QStringLiteral("Refused: %1").arg(r.refusal);
+        break;
     case ScanReading::Kind::Refused:
         lines << QStringLiteral("Refused: %1").arg(r.refusal);
         break;

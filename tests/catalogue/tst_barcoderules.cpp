@@ -298,6 +298,9 @@ private slots:
         QCOMPARE(test::labelsHidingTheirText(r.form), QStringList());
         QCOMPARE(tryIt(QStringLiteral("4006381333932")).first(),
                  QStringLiteral("Refused: The check digit of 4006381333932 is wrong: the barcode was misread."));
+        // An all-digit vendor code is no misread when it finds its item.
+        r.s.addItem(QStringLiteral("40063813"), QStringLiteral("Pens"));
+        QCOMPARE(tryIt(QStringLiteral("40063813")), QStringList{QStringLiteral("Item code 40063813: Pens.")});
         // Typed as a scanner types it, the group separator as Ctrl+].
         sample->clear();
         QTest::keyClicks(sample, QStringLiteral("]C1000950110100000000180209501101530003371"));

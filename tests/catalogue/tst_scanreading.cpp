@@ -146,6 +146,9 @@ private slots:
         QTest::newRow("batch with digits") << "]C10109501101530003"
                                               "101712345"
                                            << "";
+        QTest::newRow("batch ending in a year") << "]C10109501101530003"
+                                                   "10LOT2023"
+                                                << "";
         QTest::newRow("impossible date in a batch") << "]C10109501101530003"
                                                        "10A17261340"
                                                     << "";
