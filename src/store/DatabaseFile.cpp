@@ -1,5 +1,6 @@
 #include "DatabaseFile.h"
 
+#include "SchemaUpgrade.h"
 #include "common/Sql.h"
 
 #include <QDir>
@@ -38,6 +39,8 @@ Status buildInto(const QString& tempPath, const Schema& schema) {
                 if (!status)
                     break;
             }
+            if (status)
+                status = SchemaUpgrade::recordVersion(db, schema.version());
             if (status)
                 status = tx.commit();
             db.close();

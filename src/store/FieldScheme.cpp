@@ -4,27 +4,55 @@
 
 namespace ordwell {
 
+Schema& Schema::Since(int version) {
+    Q_ASSERT(version > m_version);
+    m_version = version;
+    return *this;
+}
+
+Schema& Schema::ExtendTable(const QString& name) {
+    for (int i = 0; i < m_tables.size(); ++i) {
+        if (m_tables.at(i).name == name)
+            m_current = i;
+    }
+    Q_ASSERT(m_tables.at(m_current).name == name);
+    return *this;
+}
+
 Schema& Schema::AddTable(const QString& name) {
-    m_tables.append(TableDef{name, {}, {}, {}});
+    TableDef table;
+    table.name = name;
+    table.since = m_version;
+    m_tables.append(table);
+    m_current = int(m_tables.size()) - 1;
     return *this;
 }
 
 Schema& Schema::AddField(const QString& name, int size, const QString& type, const QString& sort, bool autoIncrement,
                          bool required) {
     Q_ASSERT(!m_tables.isEmpty());
-    m_tables.last().fields.append(FieldDef{name, size, type, sort, autoIncrement, required});
+    TableDef& table = m_tables[m_current];
+    // A column added to an older table cannot be required: its existing rows have no value.
+    Q_ASSERT(table.since == m_version || !required);
+    table.fields.append(FieldDef{name, size, type, sort, autoIncrement, required, m_version});
     return *this;
 }
 
 Schema& Schema::AddPrimaryKey(const QString& field) {
-    Q_ASSERT(!m_tables.isEmpty());
-    m_tables.last().primaryKey = field;
+    Q_ASSERT(!m_tables.isEmpty() && m_tables.at(m_current).since == m_version);
+    m_tables[m_current].primaryKey = field;
     return *this;
 }
 
 Schema& Schema::AddIndex(const QString& name, const QStringList& columns) {
     Q_ASSERT(!m_tables.isEmpty());
-    m_tables.last().indexes.append(IndexDef{name, columns});
+    m_tables[m_current].indexes.append(IndexDef{name, columns, false, {}, m_version});
+    return *this;
+}
+
+Schema& Schema::AddUniqueIndex(const QString& name, const QStringList& columns, const QString& where) {
+    Q_ASSERT(!m_tables.isEmpty());
+    m_tables[m_current].indexes.append(IndexDef{name, columns, true, where, m_version});
     return *this;
 }
 
@@ -76,12 +104,26 @@ QString columnDefinition(const FieldDef& f, bool isKey) {
     return def;
 }
 
+QString indexStatement(const TableDef& table, const IndexDef& index) {
+    QStringList cols;
+    for (const QString& c : index.columns)
+        cols << quoted(c);
+    QString sql = QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
+                      .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), quoted(index.name), quoted(table.name),
+                           cols.join(QLatin1Char(',')));
+    if (!index.where.isEmpty())
+        sql += QStringLiteral(" WHERE ") + index.where;
+    return sql;
+}
+
 } // namespace
 
-QString Schema::createTableStatement(const TableDef& table) {
+QString Schema::createTableStatement(const TableDef& table, int upToVersion) {
     QStringList parts;
     bool keyInColumn = false;
     for (const FieldDef& f : table.fields) {
+        if (f.since > upToVersion)
+            continue;
         const bool isKey = f.name == table.primaryKey;
         parts << columnDefinition(f, isKey);
         if (isKey && f.autoIncrement)
@@ -97,12 +139,27 @@ QStringList Schema::createStatements() const {
     QStringList statements;
     for (const TableDef& t : m_tables) {
         statements << createTableStatement(t);
+        for (const IndexDef& index : t.indexes)
+            statements << indexStatement(t, index);
+    }
+    return statements;
+}
+
+QStringList Schema::upgradeStatements(int version) const {
+    QStringList statements;
+    for (const TableDef& t : m_tables) {
+        if (t.since == version) {
+            statements << createTableStatement(t, version);
+        } else if (t.since < version) {
+            for (const FieldDef& f : t.fields) {
+                if (f.since == version)
+                    statements << QStringLiteral("ALTER TABLE %1 ADD COLUMN %2")
+                                      .arg(quoted(t.name), columnDefinition(f, false));
+            }
+        }
         for (const IndexDef& index : t.indexes) {
-            QStringList cols;
-            for (const QString& c : index.columns)
-                cols << quoted(c);
-            statements << QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
-                              .arg(quoted(index.name), quoted(t.name), cols.join(QLatin1Char(',')));
+            if (index.since == version)
+                statements << indexStatement(t, index);
         }
     }
     return statements;

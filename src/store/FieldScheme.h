@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <climits>
 
 namespace ordwell {
 
@@ -15,11 +16,15 @@ struct FieldDef {
     QString sort;
     bool autoIncrement = false;
     bool required = false;
+    int since = 1; // the schema version that added the column
 };
 
 struct IndexDef {
     QString name;
     QStringList columns;
+    bool unique = false;
+    QString where; // a partial index's condition, on columns only
+    int since = 1;
 };
 
 struct TableDef {
@@ -27,28 +32,43 @@ struct TableDef {
     QList<FieldDef> fields;
     QString primaryKey; // empty: the table has no key
     QList<IndexDef> indexes;
+    int since = 1;
 };
 
 // A database's tables described once, the way they are built: AddTable, then its fields,
 // then its key. Both kinds of database are written with it, and the SQL comes from here only.
+// Later versions of the layout are declared after `Since(n)`: what follows (new tables,
+// columns added to a table named with `ExtendTable`, indexes) belongs to version n, so the
+// same description both creates a new file and upgrades an older one.
 class Schema {
 public:
+    Schema& Since(int version);
+    Schema& ExtendTable(const QString& name);
     Schema& AddTable(const QString& name);
     Schema& AddField(const QString& name, int size, const QString& type, const QString& sort, bool autoIncrement,
                      bool required);
     Schema& AddPrimaryKey(const QString& field);
     // Non-unique index for look-ups; never a key.
     Schema& AddIndex(const QString& name, const QStringList& columns);
+    // A rule the data must keep (no two rows share the value), optionally only where
+    // `where` holds.
+    Schema& AddUniqueIndex(const QString& name, const QStringList& columns, const QString& where = {});
 
     const QList<TableDef>& tables() const { return m_tables; }
     const TableDef* table(const QString& name) const;
+    // The newest version declared.
+    int version() const { return m_version; }
 
-    // The statements that create every table and index, in order.
+    // The statements that create every table and index of the newest version, in order.
     QStringList createStatements() const;
-    static QString createTableStatement(const TableDef& table);
+    // The statements that take a database of version `version - 1` to `version`.
+    QStringList upgradeStatements(int version) const;
+    static QString createTableStatement(const TableDef& table, int upToVersion = INT_MAX);
 
 private:
     QList<TableDef> m_tables;
+    int m_version = 1;
+    int m_current = 0; // index of the table that fields and keys go to
 };
 
 } // namespace ordwell

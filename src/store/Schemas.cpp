@@ -10,6 +10,11 @@ const QString Cur = QStringLiteral("cur");
 const QString Nul = QStringLiteral("nul");
 const QString Asc = QStringLiteral("asc");
 
+// Both kinds of database say which version of their layout they hold.
+void addVersionTable(Schema& s) {
+    s.AddTable(QStringLiteral("schemaversion")).AddField(QStringLiteral("version"), 0, Int, Nul, false, true);
+}
+
 Schema buildSystemSchema() {
     Schema s;
     s.AddTable(QStringLiteral("Sysset"))
@@ -32,6 +37,8 @@ Schema buildSystemSchema() {
         .AddPrimaryKey(QStringLiteral("vendor"))
         .AddIndex(QStringLiteral("vendors_code"), {QStringLiteral("code")})
         .AddIndex(QStringLiteral("vendors_status"), {QStringLiteral("status")});
+    s.Since(2);
+    addVersionTable(s);
     return s;
 }
 
@@ -103,6 +110,13 @@ Schema buildVendorSchema() {
         .AddField(QStringLiteral("recvdate"), 0, Dat, Nul, false, false)
         .AddIndex(QStringLiteral("orderline_order"), {QStringLiteral("orderid"), QStringLiteral("line")})
         .AddIndex(QStringLiteral("orderline_code"), {QStringLiteral("code")});
+
+    s.Since(2);
+    addVersionTable(s);
+    // A product barcode per item, stored as its 14-digit GTIN; no two items share one.
+    s.ExtendTable(QStringLiteral("items"))
+        .AddField(QStringLiteral("gtin"), 14, Str, Nul, false, false)
+        .AddUniqueIndex(QStringLiteral("items_gtin"), {QStringLiteral("gtin")}, QStringLiteral("gtin IS NOT NULL"));
     return s;
 }
 } // namespace

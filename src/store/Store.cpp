@@ -1,6 +1,7 @@
 #include "Store.h"
 
 #include "DatabaseFile.h"
+#include "SchemaUpgrade.h"
 #include "Schemas.h"
 #include "common/Sql.h"
 
@@ -24,8 +25,28 @@ Status CreateSystemDatabase(const QString& dataDir) {
     return DatabaseFile::create(systemDatabasePath(dataDir), systemSchema());
 }
 
+namespace {
+
+// Opens a file and brings its layout up to this program's version; data it cannot use is
+// closed again with the reason.
+Result<QSqlDatabase> openCurrent(const QString& connectionName, const QString& path, const Schema& schema) {
+    Status upgraded;
+    {
+        auto opened = DatabaseFile::open(connectionName, path);
+        if (!opened)
+            return opened;
+        upgraded = SchemaUpgrade::bringUpToDate(*opened, schema, path);
+        if (upgraded)
+            return opened;
+    }
+    DatabaseFile::close(connectionName);
+    return upgraded;
+}
+
+} // namespace
+
 Result<QSqlDatabase> OpenSystemDatabase(const QString& dataDir) {
-    return DatabaseFile::open(SystemConnection, systemDatabasePath(dataDir));
+    return openCurrent(SystemConnection, systemDatabasePath(dataDir), systemSchema());
 }
 
 Status CreateVendorDatabase(const QString& dataDir, const QString& code) {
@@ -34,7 +55,7 @@ Status CreateVendorDatabase(const QString& dataDir, const QString& code) {
 
 Result<QSqlDatabase> OpenVendorDatabase(const QString& dataDir, const QString& fileName,
                                         const QString& connectionName) {
-    return DatabaseFile::open(connectionName, QDir(dataDir).filePath(fileName));
+    return openCurrent(connectionName, QDir(dataDir).filePath(fileName), vendorSchema());
 }
 
 bool HasOrganisationDetails(const QSqlDatabase& systemDb) {

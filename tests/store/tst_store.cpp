@@ -1,11 +1,15 @@
 #include "common/Sql.h"
 #include "store/DatabaseFile.h"
+#include "store/SchemaUpgrade.h"
 #include "store/Schemas.h"
 #include "store/Store.h"
+#include "support/DatabaseDump.h"
 #include "support/TestSupport.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTest>
 
@@ -15,6 +19,59 @@ namespace {
 const QString Ins = QStringLiteral(
     "INSERT INTO Sysset (location, department, add1, add2, add3, county, postcode, contact, telephone, fax, email) "
     "VALUES (?,?,?,?,?,?,?,?,?,?,?)");
+
+// Columns and indexes of every table as SQLite reports them: what must be the same whether a
+// file was made new or upgraded from an older layout.
+QStringList structureOf(const QString& path) {
+    QStringList out;
+    const QString name = QStringLiteral("structure");
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        db.setDatabaseName(path);
+        db.open();
+        QStringList tables = db.tables();
+        tables.sort();
+        for (const QString& table : tables) {
+            for (const char* pragma : {"table_info", "index_list"}) {
+                QSqlQuery q(db);
+                q.exec(QStringLiteral("PRAGMA %1(\"%2\")").arg(QLatin1String(pragma), table));
+                QStringList rows;
+                while (q.next()) {
+                    QStringList row;
+                    for (int c = 0; c < q.record().count(); ++c)
+                        row << q.value(c).toString();
+                    if (QLatin1String(pragma) == QLatin1String("index_list"))
+                        row.removeFirst(); // the position in the list, which follows creation order
+                    rows << row.join(QLatin1Char('|'));
+                }
+                rows.sort();
+                out << table + QLatin1Char(':') + rows.join(QLatin1Char(';'));
+            }
+        }
+        QSqlQuery partial(db);
+        partial.exec(QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type = 'index' ORDER BY name"));
+        while (partial.next())
+            out << partial.value(0).toString() + QLatin1Char('=') + partial.value(1).toString();
+    }
+    QSqlDatabase::removeDatabase(name);
+    return out;
+}
+
+// A vendor file as the first layout had it: made new, then the later additions taken away.
+void makeFirstLayout(const QString& path) {
+    const QString name = QStringLiteral("downgrade");
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        db.setDatabaseName(path);
+        QVERIFY(db.open());
+        for (const char* sql :
+             {"DROP INDEX items_gtin", "ALTER TABLE items DROP COLUMN gtin", "DROP TABLE schemaversion",
+              "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+              "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"})
+            QVERIFY2(Sql::run(db, QString::fromLatin1(sql)), sql);
+    }
+    QSqlDatabase::removeDatabase(name);
+}
 
 QVariantList sysset(const QString& location) {
     return {location,
@@ -163,6 +220,64 @@ private slots:
             QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
         } // the connection is closed only once nothing uses it
         DatabaseFile::close(Store::VendorConnection);
+    }
+
+    void olderDataIsUpgradedAndNewerRefused() {
+        test::TestFolders folders;
+        const QString fresh = folders.dataFile(QStringLiteral("NEWvendor.mdb"));
+        const QString old = folders.dataFile(QStringLiteral("OLDvendor.mdb"));
+        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("NEW")));
+        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("OLD")));
+        makeFirstLayout(old);
+
+        // Opening upgrades the old file to exactly what a new one holds, rows kept.
+        {
+            auto db = Store::OpenVendorDatabase(folders.dataDir(), QStringLiteral("OLDvendor.mdb"));
+            QVERIFY2(db, qPrintable(db.message()));
+            QCOMPARE(SchemaUpgrade::storedVersion(*db).value(), vendorSchema().version());
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT descr FROM items WHERE code = 'K1' AND gtin IS NULL"))
+                         ->toString(),
+                     QStringLiteral("Kept"));
+        }
+        DatabaseFile::close(Store::VendorConnection);
+        QCOMPARE(structureOf(old), structureOf(fresh));
+
+        // A step that fails leaves the old file exactly as it was.
+        QFile::remove(old);
+        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("OLD")));
+        makeFirstLayout(old);
+        {
+            // An index of the name the upgrade makes, left by hand, makes its step fail.
+            QSqlDatabase db = DatabaseFile::addConnection(QStringLiteral("clash"), old, false);
+            QVERIFY(db.open());
+            QVERIFY(Sql::run(db, QStringLiteral("CREATE INDEX items_gtin ON items (descr)")));
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("clash"));
+        const auto before = test::databaseDump(old);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("index items_gtin already exists")));
+        {
+            auto db = Store::OpenVendorDatabase(folders.dataDir(), QStringLiteral("OLDvendor.mdb"));
+            QVERIFY(!db);
+            QVERIFY2(db.message().contains(QStringLiteral("could not be upgraded to version 2")),
+                     qPrintable(db.message()));
+        }
+        QVERIFY(!DatabaseFile::isOpen(Store::VendorConnection));
+        QCOMPARE(test::databaseDump(old), before);
+
+        // Data from a newer program is refused, untouched.
+        {
+            QSqlDatabase db = DatabaseFile::addConnection(QStringLiteral("newer"), fresh, false);
+            QVERIFY(db.open());
+            QVERIFY(SchemaUpgrade::recordVersion(db, vendorSchema().version() + 1));
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("newer"));
+        const auto newer = test::databaseDump(fresh);
+        {
+            auto db = Store::OpenVendorDatabase(folders.dataDir(), QStringLiteral("NEWvendor.mdb"));
+            QVERIFY(!db);
+            QVERIFY2(db.message().contains(QStringLiteral("newer version of Ordwell")), qPrintable(db.message()));
+        }
+        QCOMPARE(test::databaseDump(fresh), newer);
     }
 
     void failedCreationLeavesNoFile() {
