@@ -1,4 +1,6 @@
 #include "Find.h"
+
+#include "catalogue/ScanReading.h"
 #include "common/PendingEvents.h"
 
 #include "FindForm.h"
@@ -30,7 +32,16 @@ void placeOver(QWidget* dialog, QWidget* parent) {
 } // namespace
 
 FindQuery itemDescriptions() {
-    return {QStringLiteral("items"), QStringLiteral("descr")};
+    FindQuery query{QStringLiteral("items"), QStringLiteral("descr")};
+    query.detailColumn = QStringLiteral("gtin");
+    query.detailCaption = QStringLiteral("GTIN");
+    query.keyColumn = QStringLiteral("code");
+    // Only a complete product barcode with its right check digit is looked up.
+    query.detailFromTyped = [](const QString& typed) {
+        const QString digits = typed.trimmed();
+        return Gtin::hasGtinLength(digits) && Gtin::checkDigitIsRight(digits) ? Gtin::to14(digits) : QString();
+    };
+    return query;
 }
 
 std::optional<QString> FindRecord(AppContext& context, QWidget* parent, const QString& prompt, const FindQuery& query) {

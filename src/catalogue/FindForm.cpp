@@ -35,6 +35,11 @@ FindForm::FindForm(QWidget* parent) : QDialog(parent) {
     m_count = new QLabel(this);
     m_count->setObjectName(QStringLiteral("lblcount"));
     m_count->setAccessibleDescription(QStringLiteral("Number of records in the list"));
+    // The chosen entry's detail (an item's GTIN); its text is what a screen reader reads.
+    m_detail = new QLabel(this);
+    m_detail->setObjectName(QStringLiteral("lbldetail"));
+    m_detail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_detail->setVisible(false);
     m_cancel = new QPushButton(QStringLiteral("&Cancel"), this);
     m_cancel->setObjectName(QStringLiteral("cmdcancel"));
     // Enter in the search box chooses nothing, so no button may be the default.
@@ -52,6 +57,7 @@ FindForm::FindForm(QWidget* parent) : QDialog(parent) {
     layout->addWidget(m_find);
     layout->addWidget(m_list, 1);
     layout->addWidget(m_click);
+    layout->addWidget(m_detail);
     layout->addLayout(bottom);
     resize(420, 420);
 }
@@ -66,6 +72,9 @@ Status FindForm::SetFindQuery(const QSqlDatabase& db, const FindQuery& query) {
     m_list->setModel(nullptr);
     m_model = std::make_unique<FindListModel>(db, query);
     m_filled = false;
+    m_detail->setVisible(!query.detailColumn.isEmpty());
+    m_detail->setAccessibleDescription(query.detailCaption);
+    m_detail->clear();
     return m_model->open();
 }
 
@@ -84,6 +93,8 @@ void FindForm::fillList() {
         WaitCursor wait;
         m_list->setModel(m_model.get());
         m_list->setEnabled(true);
+        connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+                [this](const QModelIndex& current) { showDetail(current); });
         letPendingEventsRun();
     }
     m_count->setText(QStringLiteral("There are %1 records").arg(rows));
@@ -93,12 +104,27 @@ void FindForm::onTextChanged(const QString& text) {
     if (!m_model || !m_list->model())
         return;
     const QModelIndex current = m_list->currentIndex();
-    const int row = m_model->rowForPrefix(text, current.isValid() ? current.row() : -1);
+    int row = m_model->rowForPrefix(text, current.isValid() ? current.row() : -1);
+    if (const auto& query = m_model->query(); query.detailFromTyped) {
+        if (const QString detail = query.detailFromTyped(text); !detail.isEmpty()) {
+            if (const auto entry = m_model->entryWithDetail(detail))
+                row = m_model->rowOf(*entry);
+        }
+    }
     if (row < 0 || (current.isValid() && row == current.row()))
         return;
     const QModelIndex index = m_model->index(row);
     m_list->setCurrentIndex(index);
     m_list->scrollTo(index, QAbstractItemView::PositionAtTop);
+}
+
+void FindForm::showDetail(const QModelIndex& current) {
+    if (!m_model || m_model->query().detailColumn.isEmpty())
+        return;
+    const QString caption = m_model->query().detailCaption;
+    const QString detail = current.isValid() ? m_model->detailFor(m_model->textAt(current.row())) : QString();
+    m_detail->setText(detail.isEmpty() ? QStringLiteral("%1: none").arg(caption)
+                                       : QStringLiteral("%1: %2").arg(caption, detail));
 }
 
 void FindForm::choose(const QModelIndex& index) {

@@ -36,12 +36,14 @@ private:
     void fillList();
     void onTextChanged(const QString& text);
     void choose(const QModelIndex& index);
+    void showDetail(const QModelIndex& current);
 
     QLabel* m_prompt = nullptr;
     QLineEdit* m_find = nullptr;
     QListView* m_list = nullptr;
     QLabel* m_click = nullptr;
     QLabel* m_count = nullptr;
+    QLabel* m_detail = nullptr;
     QPushButton* m_cancel = nullptr;
     std::unique_ptr<FindListModel> m_model;
     QString m_result;

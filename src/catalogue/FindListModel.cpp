@@ -91,6 +91,27 @@ QVariant FindListModel::data(const QModelIndex& index, int role) const {
     return textAt(index.row());
 }
 
+QString FindListModel::detailFor(const QString& text) const {
+    if (m_query.detailColumn.isEmpty())
+        return {};
+    const QString sql = QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ? COLLATE BINARY ORDER BY %4 LIMIT 1")
+                            .arg(quoted(m_query.detailColumn), quoted(m_query.table), quoted(m_query.column),
+                                 quoted(m_query.keyColumn));
+    auto value = Sql::scalar(m_db, sql, {text});
+    return value && !value->isNull() ? value->toString() : QString();
+}
+
+std::optional<QString> FindListModel::entryWithDetail(const QString& value) const {
+    if (m_query.detailColumn.isEmpty() || value.isEmpty())
+        return std::nullopt;
+    const QString sql = QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ? LIMIT 1")
+                            .arg(quoted(m_query.column), quoted(m_query.table), quoted(m_query.detailColumn));
+    auto entry = Sql::scalar(m_db, sql, {value});
+    if (!entry || !entry->isValid())
+        return std::nullopt;
+    return entry->toString();
+}
+
 int FindListModel::rowsHeld() const {
     int rows = 0;
     for (const QList<QString>& b : m_blocks)

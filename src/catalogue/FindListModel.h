@@ -8,6 +8,7 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <optional>
 
 namespace ordwell {
 
@@ -17,6 +18,14 @@ namespace ordwell {
 struct FindQuery {
     QString table;
     QString column;
+    // Optional: a second column shown for the entry chosen in the list (from its first row in
+    // `keyColumn` order), under `detailCaption`. Text typed into the search box that
+    // `detailFromTyped` turns into a detail value (a scanned product barcode, say) goes straight
+    // to the entry holding it.
+    QString detailColumn;
+    QString detailCaption;
+    QString keyColumn;
+    QString (*detailFromTyped)(const QString& typed) = nullptr;
 };
 
 // A list over a FindQuery that never holds the whole table: the row count is read once and
@@ -32,12 +41,19 @@ public:
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QString textAt(int row) const;
+    // The detail column's value for the entry `text` (empty when there is none).
+    QString detailFor(const QString& text) const;
+    // The entry whose detail column holds exactly `value`, if any.
+    std::optional<QString> entryWithDetail(const QString& value) const;
 
     // The row the typed `prefix` selects: the first entry that begins with it (letters compared
     // without regard to case), the search starting after the first entry and wrapping round to
     // it, so the first entry is chosen only when no later one begins with the text. `current`
     // when no entry begins with it.
     int rowForPrefix(const QString& prefix, int current) const;
+    // The row where `text` stands (or would stand) in the list.
+    int rowOf(const QString& text) const;
+    const FindQuery& query() const { return m_query; }
 
     // Rows read from the database so far, for checking that the list stays bounded.
     int rowsHeld() const;
@@ -48,7 +64,6 @@ public:
 private:
     const QList<QString>& block(int blockIndex) const;
     bool startsWith(int row, const QString& prefix) const;
-    int rowOf(const QString& text) const;
 
     QSqlDatabase m_db;
     FindQuery m_query;

@@ -1,5 +1,6 @@
 #include "ItemChecks.h"
 
+#include "catalogue/ScanReading.h"
 #include "common/Dates.h"
 #include "common/TextChecks.h"
 
@@ -8,7 +9,25 @@ namespace ordwell::ItemChecks {
 namespace {
 const QString InvalidDateTitle = QStringLiteral("Invalid date");
 const QString ExpiredText = QStringLiteral("The price has already expired, please enter a date in the future");
+const QString BadGtinText = QStringLiteral("The GTIN must be the 8, 12, 13 or 14 digits of a product barcode with its "
+                                           "check digit, or left empty");
 } // namespace
+
+std::optional<QString> gtinFrom(const QString& text) {
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty())
+        return QString();
+    if (!Gtin::hasGtinLength(trimmed) || !Gtin::checkDigitIsRight(trimmed))
+        return std::nullopt;
+    return Gtin::to14(trimmed);
+}
+
+Refusal gtinTaken(const QString& gtin, const QString& otherCode) {
+    return Refusal{Gtin,
+                   QStringLiteral("The GTIN %1 is already given to item %2. Two items cannot share a product barcode.")
+                       .arg(gtin, otherCode),
+                   QStringLiteral("Duplicate GTIN")};
+}
 
 std::optional<int> quantityFrom(const QString& text, const QLocale& locale) {
     const QString trimmed = text.trimmed();
@@ -73,6 +92,10 @@ std::optional<Refusal> ValidateItem(QStringList& boxes, const QDate& today, cons
         boxes[PriceExpiry].clear();
         return Refusal{PriceExpiry, ExpiredText, InvalidDateTitle, true};
     }
+    const auto gtin = gtinFrom(boxes[Gtin]);
+    if (!gtin)
+        return Refusal{Gtin, BadGtinText, GtinTitle};
+    boxes[Gtin] = *gtin;
     return std::nullopt;
 }
 
@@ -84,6 +107,7 @@ Item itemFrom(const QStringList& boxes, const QLocale& locale) {
     item.defaultQty = quantityFrom(boxes.value(DefaultQty), locale).value_or(0);
     item.price = priceFrom(boxes.value(Price), locale).value_or(Money());
     item.priceExpiry = dateFrom(boxes.value(PriceExpiry), locale);
+    item.gtin = gtinFrom(boxes.value(Gtin)).value_or(QString());
     return item;
 }
 
@@ -105,7 +129,8 @@ QStringList boxesFor(const Item& item, const QLocale& locale) {
             QString::number(item.packQty), // no grouping: four characters hold 9999
             QString::number(item.defaultQty),
             priceText(item.price, locale),
-            dateText(item.priceExpiry, locale)};
+            dateText(item.priceExpiry, locale),
+            item.gtin};
 }
 
 EnterOutcome enterPressed(Box box, const QString& text, const QDate& today, const CodeExists& codeExists,
@@ -157,6 +182,14 @@ EnterOutcome enterPressed(Box box, const QString& text, const QDate& today, cons
         } else {
             outcome.refusal = Refusal{PriceExpiry, ExpiredText, InvalidDateTitle, true};
         }
+        return outcome;
+    }
+    case Gtin: {
+        const auto gtin = gtinFrom(text);
+        outcome.moveOn = gtin.has_value();
+        outcome.rewritten = gtin.value_or(text);
+        if (!gtin)
+            outcome.refusal = Refusal{Gtin, BadGtinText, GtinTitle};
         return outcome;
     }
     case BoxCount:

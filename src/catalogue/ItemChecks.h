@@ -16,11 +16,12 @@ namespace ordwell {
 // order, what Enter does in each box, and how the box texts become an item.
 namespace ItemChecks {
 
-// The boxes in their order on the window (txtbox_0 .. txtbox_5).
-enum Box { Code, Description, PackQty, DefaultQty, Price, PriceExpiry, BoxCount };
+// The boxes in their order on the window (txtbox_0 .. txtbox_6). The GTIN is optional and
+// outside the Enter chain: Enter in "Price expires" still goes to Save.
+enum Box { Code, Description, PackQty, DefaultQty, Price, PriceExpiry, Gtin, BoxCount };
 
 // The input limits of the boxes, in characters.
-inline constexpr int InputLimits[BoxCount] = {25, 55, 4, 4, 8, 10};
+inline constexpr int InputLimits[BoxCount] = {25, 55, 4, 4, 8, 10, 14};
 
 // A refused value: the message, its title, the box that gets the focus and whether that box is
 // emptied first.
@@ -40,6 +41,10 @@ QDate dateFrom(const QString& text, const QLocale& locale = QLocale());
 // A date as the expiry box shows it: the regional short form where that fits the box's ten
 // characters ("11/03/2020"), else yyyy-mm-dd (locales that spell the month out).
 QString dateText(const QDate& date, const QLocale& locale = QLocale());
+
+// The GTIN box: empty (no product barcode), or 8, 12, 13 or 14 digits with a right check
+// digit, given back as 14 digits; no value when it is neither.
+std::optional<QString> gtinFrom(const QString& text);
 
 // The Save checks in their order; the first failure stops them. The code box text is
 // upper-cased first (rewritten in `boxes`); a refused price or expiry is emptied in `boxes`.
@@ -65,6 +70,9 @@ EnterOutcome enterPressed(Box box, const QString& text, const QDate& today, cons
 inline const QString DuplicateText =
     QStringLiteral("A Duplicate item code has been detected, please choose a different item code");
 inline const QString DuplicateTitle = QStringLiteral("Duplicate Item Code");
+inline const QString GtinTitle = QStringLiteral("Invalid GTIN");
+// A GTIN another item already carries.
+Refusal gtinTaken(const QString& gtin, const QString& otherCode);
 
 } // namespace ItemChecks
 } // namespace ordwell

@@ -33,8 +33,8 @@ const std::array<ButtonSpec, ItemForm::ButtonCount> ButtonSpecs = {{
     {"E&xit", nullptr},
 }};
 
-const char* const Captions[ItemChecks::BoxCount] = {"Item Code",        "Description", "Pack Quantity",
-                                                    "Default Quantity", "Price",       "Price expires"};
+const char* const Captions[ItemChecks::BoxCount] = {"Item Code", "Description",   "Pack Quantity", "Default Quantity",
+                                                    "Price",     "Price expires", "&GTIN"};
 
 const QString AddOrEditMask = QStringLiteral("0110000000");
 
@@ -72,7 +72,7 @@ void ItemForm::buildControls() {
         spec.objectName = QStringLiteral("txtbox_%1").arg(i);
         spec.caption = QString::fromLatin1(Captions[i]);
         spec.maxLength = ItemChecks::InputLimits[i];
-        spec.need = FieldNeed::Required;
+        spec.need = i == ItemChecks::Gtin ? FieldNeed::Optional : FieldNeed::Required;
         spec.kind = FieldKind::Text;
         // Enter moves on itself: a box whose check fails quietly keeps the focus.
         spec.next = NextStays;
@@ -90,7 +90,7 @@ void ItemForm::buildControls() {
             if (!outcome.moveOn)
                 return std::nullopt;
             text = outcome.rewritten;
-            focusOn(i + 1 < ItemChecks::BoxCount ? static_cast<QWidget*>(box(i + 1)) : button(Save));
+            focusOn(i < ItemChecks::PriceExpiry ? static_cast<QWidget*>(box(i + 1)) : button(Save));
             return std::nullopt;
         };
         fields.append(spec);
@@ -242,6 +242,16 @@ void ItemForm::onSave() {
         return;
     }
     const Item item = ItemChecks::itemFrom(texts);
+    if (!item.gtin.isEmpty()) {
+        const auto holder = m_browser->repository().findByGtin(item.gtin);
+        if (!succeeded(holder.status()))
+            return;
+        if (*holder && (*holder)->code.compare(item.code, Qt::CaseInsensitive) != 0) {
+            const auto taken = ItemChecks::gtinTaken(item.gtin, (*holder)->code);
+            m_record->report({taken.text, taken.title, MessageIcon::Exclamation, ItemChecks::Gtin});
+            return;
+        }
+    }
     if (was == State::Adding) {
         const auto taken = m_browser->repository().exists(item.code);
         if (!succeeded(taken.status()))

@@ -8,15 +8,15 @@
 namespace ordwell {
 
 namespace {
-const QString Columns = QStringLiteral("code, descr, packqty, defqty, price, priceexp");
+const QString Columns = QStringLiteral("code, descr, packqty, defqty, price, priceexp, gtin");
 } // namespace
 
 // Prepared on first use and kept for the repository's life.
 struct ItemRepository::Statements {
     explicit Statements(const QSqlDatabase& db)
         : count(db), position(db), first(db), last(db), next(db), previous(db), find(db), byDescription(db), exists(db),
-          insert(db), update(db) {}
-    QSqlQuery count, position, first, last, next, previous, find, byDescription, exists, insert, update;
+          byGtin(db), insert(db), update(db) {}
+    QSqlQuery count, position, first, last, next, previous, find, byDescription, exists, byGtin, insert, update;
 };
 
 ItemRepository::ItemRepository(QSqlDatabase db)
@@ -55,6 +55,7 @@ Item itemFrom(const QSqlQuery& query) {
     item.defaultQty = query.value(3).toInt();
     item.price = Money::fromTenThousandths(query.value(4).toLongLong());
     item.priceExpiry = Dates::dateFromStored(query.value(5).toString());
+    item.gtin = query.value(6).toString();
     return item;
 }
 
@@ -64,7 +65,8 @@ QVariantList valuesOf(const Item& item) {
             item.packQty,
             item.defaultQty,
             item.price.tenThousandths(),
-            Dates::toStored(item.priceExpiry)};
+            Dates::toStored(item.priceExpiry),
+            Sql::textOrNull(item.gtin)};
 }
 
 } // namespace
@@ -175,10 +177,19 @@ Result<bool> ItemRepository::exists(const QString& code) {
     return found;
 }
 
+Result<std::optional<Item>> ItemRepository::findByGtin(const QString& gtin) {
+    Status status;
+    QSqlQuery& q =
+        prepared(m_statements->byGtin, QStringLiteral("SELECT %1 FROM items WHERE gtin = ?").arg(Columns), status);
+    if (!status)
+        return status;
+    return fetchOne(q, {gtin});
+}
+
 Status ItemRepository::insert(const Item& item) {
     Status status;
     QSqlQuery& q = prepared(m_statements->insert,
-                            QStringLiteral("INSERT INTO items (%1) VALUES (?, ?, ?, ?, ?, ?)").arg(Columns), status);
+                            QStringLiteral("INSERT INTO items (%1) VALUES (?, ?, ?, ?, ?, ?, ?)").arg(Columns), status);
     if (!status)
         return status;
     return runWith(q, valuesOf(item));
@@ -188,7 +199,7 @@ Status ItemRepository::update(const Item& item) {
     Status status;
     QSqlQuery& q = prepared(m_statements->update,
                             QStringLiteral("UPDATE items SET descr = ?, packqty = ?, defqty = ?, price = ?, "
-                                           "priceexp = ? WHERE code = ?"),
+                                           "priceexp = ?, gtin = ? WHERE code = ?"),
                             status);
     if (!status)
         return status;

@@ -19,6 +19,7 @@ struct Item {
     int defaultQty = 0;
     Money price;
     QDate priceExpiry;
+    QString gtin; // 14 digits, or empty when the item has no product barcode
 
     friend bool operator==(const Item&, const Item&) = default;
 };
@@ -46,6 +47,8 @@ public:
     // The first item in code order carrying exactly this description.
     Result<std::optional<Item>> findByDescription(const QString& description);
     Result<bool> exists(const QString& code);
+    // The item carrying this 14-digit GTIN.
+    Result<std::optional<Item>> findByGtin(const QString& gtin);
 
     Status insert(const Item& item);
     // Writes everything but the code onto the stored row of that code; refuses when there is none.

@@ -3,6 +3,7 @@
 #include "catalogue/FindForm.h"
 #include "catalogue/FindListModel.h"
 #include "catalogue/ItemForm.h"
+#include "common/Sql.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -103,6 +104,30 @@ private slots:
         if (selected >= 0)
             QCOMPARE(view->currentIndex().data().toString(), list[selected]);
         QCOMPARE(QApplication::focusWidget(), find);
+    }
+
+    // A scanned product barcode goes to its item, and the chosen item's GTIN is shown.
+    void productBarcodeGoesToItsEntry() {
+        test::CatalogueSession s;
+        addDescriptions(s, {"Apple", "Banana", "Cherry"});
+        QVERIFY(Sql::run(s.db(), QStringLiteral("UPDATE items SET gtin = '05012345670010' WHERE descr = 'Banana'")));
+        FindForm form(s.window.get());
+        QVERIFY(form.SetFindQuery(s.db(), Find::itemDescriptions()));
+        form.show();
+        auto* find = test::child<QLineEdit>(&form, QStringLiteral("txtfind"));
+        auto* view = test::child<QListView>(&form, QStringLiteral("List1"));
+        auto* detail = test::child<QLabel>(&form, QStringLiteral("lbldetail"));
+        QTRY_COMPARE(QApplication::focusWidget(), find);
+        QTest::keyClicks(find, QStringLiteral("5012345670010"));
+        QCOMPARE(view->currentIndex().data().toString(), QStringLiteral("Banana"));
+        QCOMPARE(detail->text(), QStringLiteral("GTIN: 05012345670010"));
+        find->selectAll();
+        QTest::keyClicks(find, QStringLiteral("c"));
+        QCOMPARE(detail->text(), QStringLiteral("GTIN: none"));
+        // A wrong check digit is no barcode: nothing moves.
+        find->selectAll();
+        QTest::keyClicks(find, QStringLiteral("5012345670011"));
+        QCOMPARE(view->currentIndex().data().toString(), QStringLiteral("Cherry"));
     }
 
     // A long list is read in bounded blocks, in the order of its index (letters without regard

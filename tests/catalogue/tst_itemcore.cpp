@@ -16,9 +16,9 @@ const QDate Today(2026, 3, 15);
 
 QStringList boxes(const QString& code, const QString& descr = QStringLiteral("Apple"),
                   const QString& pack = QStringLiteral("6"), const QString& qty = QStringLiteral("1"),
-                  const QString& price = QStringLiteral("12.50"),
-                  const QString& expiry = QStringLiteral("16/03/2026")) {
-    return {code, descr, pack, qty, price, expiry};
+                  const QString& price = QStringLiteral("12.50"), const QString& expiry = QStringLiteral("16/03/2026"),
+                  const QString& gtin = QString()) {
+    return {code, descr, pack, qty, price, expiry, gtin};
 }
 
 Item item(const QString& code, const QString& descr = QStringLiteral("Thing")) {
@@ -70,6 +70,12 @@ private slots:
         QTest::newRow("expiry yesterday")
             << boxes("A1", "Apple", "6", "1", "1", "14/03/2026") << int(ItemChecks::PriceExpiry) << "Invalid date"
             << "";
+        QTest::newRow("GTIN check digit") << boxes("A1", "Apple", "6", "1", "1", "16/03/2026", "4006381333932")
+                                          << int(ItemChecks::Gtin) << "Invalid GTIN"
+                                          << "4006381333932";
+        QTest::newRow("GTIN of 11 digits") << boxes("A1", "Apple", "6", "1", "1", "16/03/2026", "01234567890")
+                                           << int(ItemChecks::Gtin) << "Invalid GTIN"
+                                           << "01234567890";
     }
     void saveChecksInOrder() {
         QFETCH(QStringList, typed);
@@ -91,6 +97,11 @@ private slots:
                                             << Item{"AB12", "Apple's", 6, 1, Money::fromPence(1250), Today};
         QTest::newRow("grouped price") << boxes("Z9", "Zest", "0", "9999", "1,234.5", "01/01/2030")
                                        << Item{"Z9", "Zest", 0, 9999, Money::fromPence(123450), QDate(2030, 1, 1)};
+        QTest::newRow("EAN-8 kept as 14 digits")
+            << boxes("E8", "Eight", "1", "1", "1", "01/01/2030", " 12345670 ")
+            << Item{"E8", "Eight", 1, 1, Money::fromPence(100), QDate(2030, 1, 1), "00000012345670"};
+        QTest::newRow("UPC-A") << boxes("U1", "Upc", "1", "1", "1", "01/01/2030", "036000291452")
+                               << Item{"U1", "Upc", 1, 1, Money::fromPence(100), QDate(2030, 1, 1), "00036000291452"};
     }
     void savePassesAndUpperCases() {
         QFETCH(QStringList, typed);
@@ -175,6 +186,32 @@ private slots:
     }
 
     // Paging by key over a catalogue, positions from the index, the masks by position.
+    // A product barcode finds its item; two items never share one, while any number have none.
+    void gtinIsFoundAndNeverShared() {
+        test::TestContext tc;
+        QVERIFY(Store::CreateVendorDatabase(tc.context().dataDir(), QStringLiteral("ABC")));
+        QVERIFY(tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme")));
+        ItemRepository items(tc.context().vendorDb());
+        Item first = item(QStringLiteral("P1"));
+        first.gtin = QStringLiteral("04006381333931");
+        QVERIFY(items.insert(first));
+        QVERIFY(items.insert(item(QStringLiteral("N1"))));
+        QVERIFY(items.insert(item(QStringLiteral("N2"))));
+        QCOMPARE(items.findByGtin(QStringLiteral("04006381333931"))->value().code, QStringLiteral("P1"));
+        QVERIFY(!items.findByGtin(QStringLiteral("05012345678900"))->has_value());
+        Item second = item(QStringLiteral("P2"));
+        second.gtin = first.gtin;
+        QVERIFY(!items.insert(second));
+        Item taken = item(QStringLiteral("N1"));
+        taken.gtin = first.gtin;
+        QVERIFY(!items.update(taken));
+        // Taking the barcode away stores no value, so it may be given to another item.
+        first.gtin.clear();
+        QVERIFY(items.update(first));
+        QVERIFY(items.update(taken));
+        QCOMPARE(items.find(QStringLiteral("P1"))->value().gtin, QString());
+    }
+
     void browsesByKey() {
         test::TestContext tc;
         QVERIFY(Store::CreateVendorDatabase(tc.context().dataDir(), QStringLiteral("ABC")));

@@ -41,7 +41,9 @@ public:
         open();
     }
     void addItem(const QString& code, qint64 price) {
-        QVERIFY(Sql::run(ctx().vendorDb(), QStringLiteral("INSERT INTO items VALUES (?, ?, 6, 2, ?, '2030-06-30')"),
+        QVERIFY(Sql::run(ctx().vendorDb(),
+                         QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?, "
+                                        "?, 6, 2, ?, '2030-06-30')"),
                          {code, QStringLiteral("About ") + code, price}));
     }
     void open() {
@@ -244,6 +246,16 @@ private slots:
         d.typeEnter(0, QStringLiteral("a-1"));
         QCOMPARE(d.prompter().texts(),
                  QStringList{"The item code contains invalid characters, please correct the item code"});
+
+        // A product barcode another item carries is refused on Save, with the box to correct.
+        QVERIFY(Sql::run(d.ctx().vendorDb(), QStringLiteral("UPDATE items SET gtin = '04006381333931'")));
+        d.prompter().clear();
+        d.type(0, QStringLiteral("NEW1"));
+        d.type(6, QStringLiteral("4006381333931"));
+        d.press(ItemForm::Save);
+        QCOMPARE(d.prompter().messages.first().title, QStringLiteral("Duplicate GTIN"));
+        QCOMPARE(QApplication::focusWidget(), d.box(6));
+        QCOMPARE(*Sql::scalar(d.ctx().vendorDb(), QStringLiteral("SELECT COUNT(*) FROM items")), QVariant(1));
 
         // Cancel returns to the first item, untouched.
         d.press(ItemForm::Cancel);

@@ -229,7 +229,8 @@ private slots:
         const QSqlDatabase db = tc.context().vendorDb();
         const QDate today(2026, 1, 1); // a year boundary on the way
         QVERIFY(Sql::run(db,
-                         QStringLiteral("INSERT INTO items VALUES ('A1', 'Apple', 1, 1, 12500, ?), "
+                         QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES "
+                                        "('A1', 'Apple', 1, 1, 12500, ?), "
                                         "('B1', 'Banana', 1, 1, 9900, '2030-01-01')"),
                          {Dates::toStored(today.addDays(daysFromToday))}));
         QCOMPARE(*VendorChooser::countExpiredPrices(db, today), reset ? 1 : 0);
@@ -250,7 +251,8 @@ private slots:
         const QDate today = QDate::currentDate();
         d.inVendorFile(
             QStringLiteral("ABC"),
-            QStringLiteral("INSERT INTO items VALUES ('A1', 'Apple', 1, 1, 12500, '%1'), "
+            QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES ('A1', 'Apple', "
+                           "1, 1, 12500, '%1'), "
                            "('A2', 'Apricot', 1, 1, 300, '%2'), ('A3', 'Avocado', 1, 1, 4400, '%3')")
                 .arg(Dates::toStored(today.addDays(-1)), Dates::toStored(today.addDays(-7)), Dates::toStored(today)));
         // An entered order of the expired apple and a printed one: only the entered one follows.
