@@ -1,7 +1,8 @@
 // The order form over a catalogue of 1,000,000 items with 20 active barcode rules and an order of
 // 999 lines: how long loading the order into the grid takes, and one scan through the real form
 // (the code typed with Enter, resolved through the rules, the line recorded with the header's
-// total, the quantity confirmed). Prints "<name> <value> <unit>" lines.
+// total, the quantity confirmed); the same for a product barcode (EAN-13) and a GS1 case label
+// that find their item by its GTIN. Prints "<name> <value> <unit>" lines.
 #include "BenchProcess.h"
 #include "SilentPrompter.h"
 #include "common/Prompter.h"
@@ -23,6 +24,7 @@
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <vector>
 
 using namespace ordwell;
@@ -42,6 +44,24 @@ int itemOfLine(int n) {
     return n * 1000 + 7;
 }
 
+// Item i's product barcode: twelve digits from its number and the GS1 check digit. The SQL
+// below writes the same for every item.
+QString ean13Of(int item) {
+    const QString body = QStringLiteral("%1").arg(500000000000LL + item, 12, 10, QLatin1Char('0'));
+    int sum = 0;
+    for (int k = 0; k < 12; ++k)
+        sum += body.at(k).digitValue() * ((12 - 1 - k) % 2 == 0 ? 3 : 1);
+    return body + QString::number((10 - sum % 10) % 10);
+}
+
+// The check digit of printf('%012d', ...) in SQL, digit by digit.
+QString ean13CheckSql(const QString& body) {
+    QStringList terms;
+    for (int k = 1; k <= 12; ++k)
+        terms << QStringLiteral("substr(%1, %2, 1) * %3").arg(body).arg(k).arg((12 - k) % 2 == 0 ? 3 : 1);
+    return QStringLiteral("((10 - (%1) % 10) % 10)").arg(terms.join(QStringLiteral(" + ")));
+}
+
 // The catalogue, the rules and the lines of the order the form will start (its header is made by
 // the form itself), written by a separate run so their cost stays out of the figures.
 int generate(int argc, char** argv) {
@@ -57,9 +77,11 @@ int generate(int argc, char** argv) {
         const Status made[] = {
             Sql::run(*db,
                      QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
-                                    "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+                                    "INSERT INTO items (code, descr, packqty, defqty, price, priceexp, gtin) "
                                     "SELECT printf('IT%08d', i), 'Item ' || ((i * 7919) % ?) || ' description', "
-                                    "1 + i % 12, 1 + i % 3, 10000 + (i % 5000) * 100, '2030-01-01' FROM n"),
+                                    "1 + i % 12, 1 + i % 3, 10000 + (i % 5000) * 100, '2030-01-01', "
+                                    "'0' || printf('%012d', 500000000000 + i) || %1 FROM n")
+                         .arg(ean13CheckSql(QStringLiteral("printf('%012d', 500000000000 + i)"))),
                      {ItemCount - 1, ItemCount}),
             // Rules R01 to R20: a scan meant for the last one passes all the others first.
             Sql::run(*db,
@@ -169,8 +191,43 @@ int main(int argc, char** argv) {
             std::fprintf(stderr, "the scans were not recorded\n");
             status = 1;
         }
+
+        // Product barcodes and case labels of items across the catalogue: found by GTIN before
+        // any rule is tried; the label's count is the quantity offered.
+        auto timeScans = [&](const std::function<QString(int)>& scanOf) {
+            std::vector<double> times;
+            for (int n = 0; n < Scans; ++n) {
+                const QString scan = scanOf(itemOfLine(1 + (n * 337) % LineCount));
+                QElapsedTimer timer;
+                timer.start();
+                QTest::keyClicks(QApplication::focusWidget(), scan);
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+                times.push_back(timer.nsecsElapsed() / 1e6);
+            }
+            return bench::median(times);
+        };
+        const auto linesWith = [&] {
+            return Sql::scalar(context.vendorDb(), QStringLiteral("SELECT SUM(qty) FROM orderline WHERE orderid = ?"),
+                               {OrderId})
+                ->toLongLong();
+        };
+        const qint64 before = linesWith();
+        const double gtinScan = timeScans([](int item) { return ean13Of(item); });
+        const qint64 afterGtin = linesWith();
+        const double gs1Scan = timeScans([](int item) {
+            return QStringLiteral("]C1020") + ean13Of(item) + QStringLiteral("375") + QChar(0x1D) +
+                   QStringLiteral("10LOT") + QString::number(item);
+        });
+        // A case label of 5 adds five; a product barcode its item's default quantity (1 to 3).
+        if (afterGtin - before < Scans || linesWith() - afterGtin != 5LL * Scans || prompter.shown) {
+            std::fprintf(stderr, "the product barcode scans were not recorded as expected\n");
+            status = 1;
+        }
         std::printf("grid_load_999_ms %.1f ms\n", bench::median(loads));
         std::printf("scan_median_ms %.2f ms\n", bench::median(scans));
+        std::printf("gtin_scan_median_ms %.2f ms\n", gtinScan);
+        std::printf("gs1_scan_median_ms %.2f ms\n", gs1Scan);
         form->ui().cmdbutton[5]->click();
     }
     context.vendorSession().close();

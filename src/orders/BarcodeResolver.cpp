@@ -1,6 +1,13 @@
 #include "BarcodeResolver.h"
 
+#include "common/TextChecks.h"
+
 namespace ordwell {
+
+BarcodeResolver::BarcodeResolver(ItemCatalogue& catalogue, QList<BarcodeRule> rules)
+    : m_catalogue(catalogue), m_rules(std::move(rules)) {}
+
+BarcodeResolver::~BarcodeResolver() = default;
 
 Result<QList<BarcodeRule>> BarcodeResolver::loadActiveRules(const QSqlDatabase& db) {
     auto all = BarcodeRules::load(db);
@@ -40,6 +47,46 @@ Resolution BarcodeResolver::resolve(const QString& code) const {
         }
     }
     return result;
+}
+
+Resolution BarcodeResolver::resolveScan(const QString& text, const QDate& today) {
+    if (!m_reader)
+        m_reader = std::make_unique<ScanReader>();
+    const ScanReading reading = m_reader->read(text, today);
+    switch (reading.kind) {
+    case ScanReading::Kind::Gs1: {
+        Resolution result{reading.gtin, m_catalogue.findByGtin(reading.gtin)};
+        result.warnings = reading.warnings;
+        if (result.item)
+            result.quantity = reading.quantity;
+        else
+            result.problem = QStringLiteral("No item has the GTIN %1 read from the case label").arg(reading.gtin);
+        return result;
+    }
+    case ScanReading::Kind::Refused: {
+        Resolution result{reading.gtin, std::nullopt};
+        result.problem = reading.refusal;
+        return result;
+    }
+    case ScanReading::Kind::Gtin: {
+        // A vendor's own all-digit code wins over a product barcode of the same digits.
+        Resolution result{reading.code, m_catalogue.findByCode(reading.code)};
+        if (!result.item)
+            result.item = m_catalogue.findByGtin(reading.gtin);
+        if (result.item)
+            return result;
+        return resolve(reading.code);
+    }
+    case ScanReading::Kind::Misread: {
+        Resolution result = resolve(reading.code);
+        if (!result.item)
+            result.problem = reading.refusal;
+        return result;
+    }
+    case ScanReading::Kind::Plain:
+        break;
+    }
+    return resolve(UpperCaseCode(reading.code));
 }
 
 } // namespace ordwell

@@ -12,11 +12,13 @@ const QString Columns = QStringLiteral("SELECT code, descr, packqty, defqty, pri
 }
 
 ItemCatalogue::ItemCatalogue(QSqlDatabase db)
-    : m_db(std::move(db)), m_byCode(m_db), m_byDescription(m_db), m_any(m_db) {
+    : m_db(std::move(db)), m_byCode(m_db), m_byDescription(m_db), m_byGtin(m_db), m_any(m_db) {
     m_byCode.setForwardOnly(true);
     m_byCode.prepare(Columns + QStringLiteral("WHERE code = ?"));
     m_byDescription.setForwardOnly(true);
     m_byDescription.prepare(Columns + QStringLiteral("WHERE descr = ? ORDER BY code LIMIT 1"));
+    m_byGtin.setForwardOnly(true);
+    m_byGtin.prepare(Columns + QStringLiteral("WHERE gtin = ?"));
     m_any.setForwardOnly(true);
     m_any.prepare(QStringLiteral("SELECT 1 FROM items LIMIT 1"));
 }
@@ -41,6 +43,12 @@ std::optional<CatalogueItem> ItemCatalogue::findByCode(const QString& code) {
     if (code.isEmpty())
         return std::nullopt;
     return first(m_byCode, code);
+}
+
+std::optional<CatalogueItem> ItemCatalogue::findByGtin(const QString& gtin) {
+    if (gtin.isEmpty())
+        return std::nullopt;
+    return first(m_byGtin, gtin);
 }
 
 bool ItemCatalogue::isEmpty() {

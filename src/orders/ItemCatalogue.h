@@ -30,6 +30,8 @@ public:
     std::optional<CatalogueItem> findByCode(const QString& code);
     // True when the catalogue holds no item at all.
     bool isEmpty();
+    // The item carrying this 14-digit GTIN.
+    std::optional<CatalogueItem> findByGtin(const QString& gtin);
     // The first item with exactly this description.
     std::optional<CatalogueItem> findByDescription(const QString& descr);
 
@@ -44,6 +46,7 @@ private:
     QSqlDatabase m_db;
     QSqlQuery m_byCode;
     QSqlQuery m_byDescription;
+    QSqlQuery m_byGtin;
     QSqlQuery m_any;
 };
 

@@ -1,6 +1,8 @@
 // The order form's modes, its main button row and the routines every part of it shares.
 #include "orders/OrderForm.h"
 
+#include "catalogue/ScanKeyFilter.h"
+
 #include "common/FormHelpers.h"
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
@@ -72,6 +74,8 @@ void OrderForm::connectControls() {
         box->installEventFilter(this);
     m_ui.txtrcvqty->installEventFilter(this);
     m_ui.flxitems->installEventFilter(this);
+    // After the form's own filter, so it sees a scanner's group-separator keys first.
+    new ScanKeyFilter(m_ui.txtitem[Entry::Code], GroupSeparatorSubstitute::fromSettings(*context().settings()));
 }
 
 bool OrderForm::event(QEvent* event) {

@@ -130,6 +130,10 @@ private:
     bool txtitem_KeyPress(int index, QKeyEvent* key);
     void headerBoxState(int index, bool locked);
     void entryBoxState(int index, bool open);
+    // What the last scan read worth telling (a misread, a passed expiry), in the info line.
+    void showScanNote(const QString& note);
+    // The desktop's alert sound, for a scan that found nothing or needs a look.
+    void alertUser();
 
     OrderFormControls m_ui;
     OrderFormHooks m_hooks;
@@ -137,6 +141,8 @@ private:
     std::unique_ptr<BarcodeResolver> m_resolver;
     std::unique_ptr<OrderLineBook> m_lines;
     bool m_watchingFrame = false;
+    QString m_scanNote;
+    QString m_guidanceBeforeNote;
 };
 
 } // namespace ordwell

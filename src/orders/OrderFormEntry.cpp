@@ -7,6 +7,7 @@
 #include "common/TextChecks.h"
 #include "common/WaitCursor.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -51,7 +52,8 @@ bool OrderForm::txtitem_KeyPress(int index, QKeyEvent* key) {
     if (index == Entry::Code) {
         if (!enter)
             return false;
-        box->setText(UpperCaseCode(box->text()));
+        // Read as scanned: a case label's batch may hold small letters, and the reading
+        // upper-cases what is an ordinary code.
         ResolveItemCode();
         return true;
     }
@@ -110,20 +112,43 @@ void OrderForm::ResolveItemCode() {
     if (!m_resolver)
         m_resolver = std::make_unique<BarcodeResolver>(*m_catalogue, QList<BarcodeRule>());
     QLineEdit* codeBox = m_ui.txtitem[Entry::Code];
-    const Resolution found = m_resolver->resolve(codeBox->text());
+    const Resolution found = m_resolver->resolveScan(codeBox->text(), QDate::currentDate());
     codeBox->setText(found.code);
+    showScanNote(found.problem.isEmpty() ? found.warnings.join(QLatin1Char(' ')) : found.problem);
     if (found.item) {
         FillFromItem(*found.item);
+        if (found.quantity)
+            m_ui.txtitem[Entry::Qty]->setText(QString::number(*found.quantity));
+        if (!found.warnings.isEmpty())
+            alertUser();
+        return;
+    }
+    if (!found.problem.isEmpty()) {
+        // A misread or a bad label is never made into an unknown item: the next scan is awaited.
+        alertUser();
+        ClearItemEntry();
+        focusOn(codeBox);
         return;
     }
     if (!m_ui.chkunknown->isChecked()) {
-        // An unknown code is dropped without a word while unknown items are not saved.
+        // An unknown code is dropped, with no message to answer: the alert and the info line
+        // tell a person scanning that the code found nothing.
+        if (!codeBox->text().isEmpty()) {
+            showScanNote(QStringLiteral("No item has the code %1").arg(codeBox->text()));
+            alertUser();
+        }
         ClearItemEntry();
         focusOn(codeBox);
         return;
     }
     if (codeBox->text().isEmpty()) {
         focusOn(codeBox);
+        return;
+    }
+    if (codeBox->text().size() > ItemCodeLength) {
+        context().prompter().message(
+            QStringLiteral("The item code is longer than %1 characters, too long to be saved").arg(ItemCodeLength),
+            QStringLiteral("Data Error"), MessageIcon::Information);
         return;
     }
     if (!IsValidCode(codeBox->text(), false)) {
@@ -133,6 +158,20 @@ void OrderForm::ResolveItemCode() {
     }
     PromptUnknownItem();
     focusOn(m_ui.txtitem[Entry::Description]);
+}
+
+void OrderForm::showScanNote(const QString& note) {
+    // The note replaces the guidance only while it is worth reading; the guidance comes back
+    // with the next code that reads cleanly.
+    const bool noteShowing = !m_scanNote.isEmpty() && m_ui.lblinfo->text() == m_scanNote;
+    if (!noteShowing)
+        m_guidanceBeforeNote = m_ui.lblinfo->text();
+    m_scanNote = note;
+    m_ui.lblinfo->setText(note.isEmpty() ? m_guidanceBeforeNote : note);
+}
+
+void OrderForm::alertUser() {
+    QApplication::beep();
 }
 
 void OrderForm::FillFromItem(const CatalogueItem& item) {

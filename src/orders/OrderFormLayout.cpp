@@ -36,7 +36,7 @@ const std::array<BoxInfo, 8> HeaderBoxes = {{
 }};
 
 const std::array<BoxInfo, 5> EntryBoxes = {{
-    {"Code", 25, "1", "Item code or barcode"},
+    {"Code", ScanLength, "1", "Item code or barcode"},
     {"Decription", 55, "2", "Item description"},
     {"Qty", 5, "2", "Quantity"},
     {"Unit Price", 8, "2", nullptr},

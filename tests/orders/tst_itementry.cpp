@@ -2,6 +2,7 @@
 // whose keys arrive while earlier scans are still being stored, and the vendor session's hand-over.
 #include "OrderFixture.h"
 #include "catalogue/Find.h"
+#include "common/Sql.h"
 #include "orders/OrderWords.h"
 
 #include <QApplication>
@@ -26,6 +27,7 @@ private slots:
     void findByDescription();
     void emptyCatalogueKeepsCodeAsTyped();
     void queuedScansLandInTheirBoxes();
+    void scanProblemsAreToldNotMadeIntoItems();
     void vendorSessionOpensTheFormLive();
     void screenshots();
 };
@@ -110,32 +112,63 @@ void TestItemEntry::emptyCatalogueKeepsCodeAsTyped() {
 
 void TestItemEntry::queuedScansLandInTheirBoxes() {
     // A scanner types faster than a line is stored: every key of the session is queued before
-    // the first is handled, and each must still reach the box that has the focus by then.
+    // the first is handled, and each must still reach the box that has the focus by then. The
+    // scans mix item codes, a vendor barcode for the rules, product barcodes (EAN-13) and GS1
+    // case labels whose count becomes the quantity, their separator typed as ASCII 29 or Ctrl+].
+    static const char* const Gtins[] = {"5012345670003", "5012345670010", "5012345670027", "5012345670034",
+                                        "5012345670041", "5012345670058", "5012345670065", "5012345670072",
+                                        "5012345670089", "5012345670096"};
     OrderSession s;
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         s.addItem(QStringLiteral("Q%1").arg(i), QStringLiteral("Queued %1").arg(i), QStringLiteral("0.%15").arg(i), 1,
                   1 + i % 2);
+        QVERIFY(Sql::run(s.db(), QStringLiteral("UPDATE items SET gtin = ? WHERE code = ?"),
+                         {QStringLiteral("0") + QLatin1String(Gtins[i]), QStringLiteral("Q%1").arg(i)}));
+    }
     s.addRule(QStringLiteral("7"), 1, 2);
     s.open();
     s.startOrder();
     QWindow* window = s.window().windowHandle();
     QVERIFY(window);
-    auto post = [window](Qt::Key key, const QString& text) {
-        QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
-        QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyRelease, key, Qt::NoModifier, text));
+    auto post = [window](Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyPress, key, modifiers, text));
+        QCoreApplication::postEvent(window, new QKeyEvent(QEvent::KeyRelease, key, modifiers, text));
     };
+    const QChar gs(0x1D);
     QMap<QString, int> expected;
     Money total;
     for (int n = 0; n < 100; ++n) {
         const int i = (n * 3) % 10;
         const QString code = QStringLiteral("Q%1").arg(i);
-        const QString scanned = n % 3 ? code : QStringLiteral("7%1CK").arg(code);
-        for (const QChar c : scanned)
-            post(Qt::Key(c.unicode()), QString(c));
+        const int count = 2 + n % 4;
+        QString scanned;
+        int qty = 1 + i % 2;
+        switch (n % 4) {
+        case 0:
+            scanned = QStringLiteral("7%1CK").arg(code);
+            break;
+        case 1:
+            scanned = code;
+            break;
+        case 2:
+            scanned = QLatin1String(Gtins[i]);
+            break;
+        default:
+            scanned = QStringLiteral("]C1020") + QLatin1String(Gtins[i]) + QStringLiteral("37") +
+                      QString::number(count) + gs + QStringLiteral("10b") + QString::number(n);
+            qty = count;
+            break;
+        }
+        for (const QChar c : scanned) {
+            if (c == gs && n % 8 == 3)
+                post(Qt::Key_BracketRight, QString(gs), Qt::ControlModifier);
+            else
+                post(c == gs ? Qt::Key_unknown : Qt::Key(c.toUpper().unicode()), QString(c));
+        }
         post(Qt::Key_Return, QStringLiteral("\r")); // the code
-        post(Qt::Key_Return, QStringLiteral("\r")); // its default quantity
-        expected[code] += 1 + i % 2;
-        total += *Money::parse(QStringLiteral("0.%15").arg(i)) * (1 + i % 2);
+        post(Qt::Key_Return, QStringLiteral("\r")); // its quantity, as offered
+        expected[code] += qty;
+        total += *Money::parse(QStringLiteral("0.%15").arg(i)) * qty;
     }
     QTRY_COMPARE_WITH_TIMEOUT(s.header(7)->text(), total.toString(), 20000);
     const auto lines = s.lines(QStringLiteral("ABC1000000"));
@@ -145,6 +178,34 @@ void TestItemEntry::queuedScansLandInTheirBoxes() {
     QCOMPARE(s.orderTotal(QStringLiteral("ABC1000000")), total);
     QVERIFY(s.entry(0)->text().isEmpty());
     QCOMPARE(QApplication::focusWidget(), s.entry(0));
+    QVERIFY(s.prompter().messages.isEmpty());
+}
+
+void TestItemEntry::scanProblemsAreToldNotMadeIntoItems() {
+    // A wrong check digit is a misread and a label with a bad field is refused, naming it: the
+    // info line says so, and no unknown item is offered even when unknown items are saved.
+    OrderSession s;
+    s.addItem(QStringLiteral("P1"), QStringLiteral("Pens"), QStringLiteral("1.00"));
+    QVERIFY(Sql::run(s.db(), QStringLiteral("UPDATE items SET gtin = '05012345670003'")));
+    OrderForm* form = s.open();
+    form->ui().chkunknown->setChecked(true);
+    s.startOrder();
+    const QString guidance = form->ui().lblinfo->text();
+    QTest::keyClicks(s.entry(0), QStringLiteral("5012345670004"));
+    QTest::keyClick(s.entry(0), Qt::Key_Return);
+    QVERIFY2(form->ui().lblinfo->text().contains(QStringLiteral("check digit")),
+             qPrintable(form->ui().lblinfo->text()));
+    QVERIFY(s.entry(0)->text().isEmpty());
+    QCOMPARE(QApplication::focusWidget(), s.entry(0));
+    QTest::keyClicks(s.entry(0), QStringLiteral("]C1010501234567000317261301"));
+    QTest::keyClick(s.entry(0), Qt::Key_Return);
+    QVERIFY2(form->ui().lblinfo->text().contains(QStringLiteral("(17)")), qPrintable(form->ui().lblinfo->text()));
+    QCOMPARE(*Sql::scalar(s.db(), QStringLiteral("SELECT COUNT(*) FROM items")), QVariant(1));
+    // A clean scan brings the guidance back; a passed expiry is a warning beside the found item.
+    QTest::keyClicks(s.entry(0), QStringLiteral("5012345670003"));
+    QTest::keyClick(s.entry(0), Qt::Key_Return);
+    QCOMPARE(s.entry(0)->text(), QStringLiteral("P1"));
+    QCOMPARE(form->ui().lblinfo->text(), guidance);
     QVERIFY(s.prompter().messages.isEmpty());
 }
 
