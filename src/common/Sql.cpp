@@ -1,5 +1,7 @@
 #include "Sql.h"
 
+#include <QHash>
+
 namespace ordwell {
 
 // Warnings by default; QT_LOGGING_RULES="ordwell.store.info=true" also shows what the data refused.
@@ -48,9 +50,43 @@ int resultCode(const QSqlError& error) {
     return ok ? code : -1;
 }
 
+namespace {
+// A PostgreSQL server reports a five-character SQLSTATE; SQLite's codes, extended ones
+// included, stay below 10000.
+bool isSqlState(const QSqlError& error) {
+    return error.nativeErrorCode().size() == 5;
+}
+
+Refusal classifySqlState(const QString& state) {
+    static const QHash<QString, Refusal> exact = {
+        {QStringLiteral("23502"), Refusal::Missing},     // not_null_violation
+        {QStringLiteral("23505"), Refusal::Duplicate},   // unique_violation
+        {QStringLiteral("55P03"), Refusal::Busy},        // lock_not_available
+        {QStringLiteral("40001"), Refusal::Busy},        // serialization_failure
+        {QStringLiteral("40P01"), Refusal::Busy},        // deadlock_detected
+        {QStringLiteral("57014"), Refusal::Busy},        // query_canceled (a lock wait cut short)
+        {QStringLiteral("53100"), Refusal::DiskFull},    // disk_full
+        {QStringLiteral("XX001"), Refusal::Damaged},     // data_corrupted
+        {QStringLiteral("XX002"), Refusal::Damaged},     // index_corrupted
+        {QStringLiteral("42501"), Refusal::Unavailable}, // insufficient_privilege
+    };
+    if (const auto found = exact.constFind(state); found != exact.constEnd())
+        return *found;
+    // Integrity (23: checks) and data (22: too long, not a number, not a date) refusals.
+    if (state.startsWith(QLatin1String("23")) || state.startsWith(QLatin1String("22")))
+        return Refusal::TooLongOrInvalid;
+    if (state.startsWith(QLatin1String("08")) || state.startsWith(QLatin1String("57")) ||
+        state.startsWith(QLatin1String("58")))
+        return Refusal::Unavailable; // the connection or the server itself
+    return Refusal::Other;
+}
+} // namespace
+
 Refusal classify(const QSqlError& error) {
     if (!error.isValid())
         return Refusal::None;
+    if (isSqlState(error))
+        return classifySqlState(error.nativeErrorCode());
     const int code = resultCode(error);
     switch (code & 0xff) {
     case ResultCode::Constraint:
@@ -115,9 +151,11 @@ void logFailure(const QSqlError& error, const QString& sql) {
     if (!error.isValid())
         return;
     const Refusal kind = classify(error);
-    const QString line = QStringLiteral("SQLite result %1 (%2) in: %3")
-                             .arg(resultCode(error))
-                             .arg(error.databaseText().isEmpty() ? error.driverText() : error.databaseText(), sql);
+    const QString line =
+        QStringLiteral("%1 %2 (%3) in: %4")
+            .arg(isSqlState(error) ? QStringLiteral("Server SQLSTATE") : QStringLiteral("SQLite result"),
+                 isSqlState(error) ? error.nativeErrorCode() : QString::number(resultCode(error)),
+                 error.databaseText().isEmpty() ? error.driverText() : error.databaseText(), sql);
     // A value the data refused is the user's to mend, not a fault of the program or the disk.
     if (kind == Refusal::Duplicate || kind == Refusal::Missing || kind == Refusal::TooLongOrInvalid)
         qCInfo(lcStore, "%s", qUtf8Printable(line));
@@ -128,7 +166,12 @@ void logFailure(const QSqlError& error, const QString& sql) {
 namespace {
 // Prepares and runs `sql` on `query`; the error, logged, when either step fails.
 QSqlError prepareAndRun(QSqlQuery& query, const QString& sql, const QVariantList& values) {
-    if (query.prepare(sql)) {
+    // Without values nothing is bound, so the statement runs as it is: a server cannot prepare
+    // the schema statements (CREATE, ALTER, SET) at all.
+    if (values.isEmpty()) {
+        if (query.exec(sql))
+            return {};
+    } else if (query.prepare(sql)) {
         for (const QVariant& v : values)
             query.addBindValue(v);
         if (query.exec())

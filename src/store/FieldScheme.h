@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Dialect.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -60,10 +62,11 @@ public:
     int version() const { return m_version; }
 
     // The statements that create every table and index of the newest version, in order.
-    QStringList createStatements() const;
+    QStringList createStatements(Dialect dialect = Dialect::SQLite) const;
     // The statements that take a database of version `version - 1` to `version`.
-    QStringList upgradeStatements(int version) const;
-    static QString createTableStatement(const TableDef& table, int upToVersion = INT_MAX);
+    QStringList upgradeStatements(int version, Dialect dialect = Dialect::SQLite) const;
+    static QString createTableStatement(const TableDef& table, int upToVersion = INT_MAX,
+                                        Dialect dialect = Dialect::SQLite);
 
 private:
     QList<TableDef> m_tables;

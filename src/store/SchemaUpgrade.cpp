@@ -1,5 +1,6 @@
 #include "SchemaUpgrade.h"
 
+#include "Dialect.h"
 #include "common/Sql.h"
 
 #include <QDir>
@@ -7,7 +8,10 @@
 namespace ordwell::SchemaUpgrade {
 
 Result<int> storedVersion(const QSqlDatabase& db) {
-    if (!db.tables().contains(VersionTable, Qt::CaseInsensitive))
+    const auto recorded = Dialects::hasTable(db, VersionTable);
+    if (!recorded)
+        return recorded.status();
+    if (!*recorded)
         return 1;
     auto version = Sql::scalar(db, QStringLiteral("SELECT max(version) FROM schemaversion"));
     if (!version)
@@ -48,7 +52,7 @@ Status bringUpToDate(const QSqlDatabase& db, const Schema& schema, const QString
         return Status::fail(
             QStringLiteral("The data in \"%1\" could not be upgraded: it is in use elsewhere.").arg(name));
     for (int version = from + 1; version <= schema.version(); ++version) {
-        for (const QString& statement : schema.upgradeStatements(version)) {
+        for (const QString& statement : schema.upgradeStatements(version, Dialects::of(db))) {
             if (const Status ran = Sql::run(db, statement); !ran)
                 return Status::fail(QStringLiteral("The data in \"%1\" could not be upgraded to version %2: %3")
                                         .arg(name)

@@ -1,0 +1,24 @@
+#include "Dialect.h"
+
+#include "common/Sql.h"
+
+namespace ordwell::Dialects {
+
+Dialect of(const QSqlDatabase& db) {
+    return db.driverName() == QLatin1String("QPSQL") ? Dialect::PostgreSQL : Dialect::SQLite;
+}
+
+Result<bool> hasTable(const QSqlDatabase& db, const QString& table) {
+    // A server lists the tables of every schema; only the connection's own counts.
+    const QString sql =
+        of(db) == Dialect::PostgreSQL
+            ? QStringLiteral("SELECT count(*) FROM information_schema.tables WHERE table_schema = current_schema() "
+                             "AND table_name = ?")
+            : QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE");
+    auto found = Sql::scalar(db, sql, {table.toLower()});
+    if (!found)
+        return found.status();
+    return found->toInt() > 0;
+}
+
+} // namespace ordwell::Dialects
