@@ -1,5 +1,6 @@
 #include "ReportViewer.h"
 
+#include "common/FormHelpers.h"
 #include "common/WaitCursor.h"
 #include "reports/RenderedReport.h"
 
@@ -23,6 +24,7 @@ QPushButton* button(QWidget* parent, QBoxLayout* row, const char* name, const QS
     b->setObjectName(QString::fromLatin1(name));
     b->setAccessibleDescription(description);
     b->setAutoDefault(false);
+    pressWithEnter(b);
     row->addWidget(b);
     return b;
 }
