@@ -13,9 +13,12 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace ordwell;
@@ -127,6 +130,23 @@ private slots:
         QVERIFY(test::child<QLabel>(d.form, "lblreccount")->accessibleName().isEmpty());
         QCOMPARE(d.button(3)->accessibleName(), QStringLiteral("First item"));
         QCOMPARE(test::child<QLabel>(d.form, "lblreccount")->text(), d.position());
+    }
+
+    // The main window at its first size (433 pixels) is narrower than the item window: it grows
+    // as far as the screen allows, and the work area scrolls to whatever still lies beyond.
+    void opensWithinReach() {
+        Desk d({QStringLiteral("A1")});
+        const QRect frame = d.form->parentWidget()->geometry();
+        QMdiArea* area = d.window->mdiArea();
+        QVERIFY(d.window->width() > 433);
+        QVERIFY(d.window->screen()->availableGeometry().contains(d.window->frameGeometry()));
+        QVERIFY(frame.left() >= 0 && frame.top() >= 0);
+        const int right = frame.right() + 1 - area->viewport()->width();
+        const int below = frame.bottom() + 1 - area->viewport()->height();
+        QTRY_VERIFY(right <= 0 ||
+                    (area->horizontalScrollBar()->isVisible() && area->horizontalScrollBar()->maximum() >= right));
+        QTRY_VERIFY(below <= 0 ||
+                    (area->verticalScrollBar()->isVisible() && area->verticalScrollBar()->maximum() >= below));
     }
 
     void masksFollowThePosition() {
