@@ -120,6 +120,7 @@ void BarcodeRulesForm::buildControls() {
         m_buttons[i] = new QPushButton(QString::fromLatin1(buttonCaptions[i]), this);
         m_buttons[i]->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
         m_buttons[i]->setAutoDefault(false);
+        pressWithEnter(m_buttons[i]);
         buttons->addWidget(m_buttons[i]);
     }
     connect(m_buttons[AddButton], &QPushButton::clicked, this, [this] { AddOrSaveRule(); });

@@ -1,4 +1,5 @@
 #include "FindForm.h"
+#include "common/FormHelpers.h"
 #include "common/PendingEvents.h"
 
 #include "common/WaitCursor.h"
@@ -44,6 +45,7 @@ FindForm::FindForm(QWidget* parent) : QDialog(parent) {
     m_cancel->setObjectName(QStringLiteral("cmdcancel"));
     // Enter in the search box chooses nothing, so no button may be the default.
     m_cancel->setAutoDefault(false);
+    pressWithEnter(m_cancel);
 
     connect(m_find, &QLineEdit::textChanged, this, &FindForm::onTextChanged);
     connect(m_list, &QListView::doubleClicked, this, &FindForm::choose);

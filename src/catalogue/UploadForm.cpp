@@ -1,4 +1,5 @@
 #include "UploadForm.h"
+#include "common/FormHelpers.h"
 #include "common/PendingEvents.h"
 
 #include <QCloseEvent>
@@ -46,6 +47,7 @@ UploadForm::UploadForm(QWidget* parent) : QWidget(parent) {
     m_exit = new QPushButton(QStringLiteral("E&xit"), this);
     m_exit->setObjectName(QStringLiteral("cmdexit"));
     m_exit->setEnabled(false);
+    pressWithEnter(m_exit);
     connect(m_exit, &QPushButton::clicked, this, [this] {
         if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
             frame->close();

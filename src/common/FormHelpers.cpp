@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -25,6 +26,29 @@ QColor colourOf(BoxColour colour) {
     }
     return QColor(255, 255, 255);
 }
+
+class EnterPresses : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
+            return false;
+        auto* button = qobject_cast<QAbstractButton*>(watched);
+        if (!button || !button->isEnabled())
+            return false;
+        // A held key presses once.
+        if (!key->isAutoRepeat())
+            button->click();
+        return true;
+    }
+};
+
+const char* const EnterProperty = "ordwellPressWithEnter";
 } // namespace
 
 void setBoxColour(QLineEdit* box, BoxColour colour) {
@@ -65,12 +89,20 @@ void focusOn(QWidget* widget) {
         widget->setFocus(Qt::OtherFocusReason);
 }
 
+void pressWithEnter(QAbstractButton* button) {
+    if (button->property(EnterProperty).toBool())
+        return;
+    button->setProperty(EnterProperty, true);
+    button->installEventFilter(new EnterPresses(button));
+}
+
 QHBoxLayout* makeButtonRow(QWidget* parent, const ButtonSpec* specs, int count, QPushButton** made) {
     auto* row = new QHBoxLayout;
     for (int i = 0; i < count; ++i) {
         auto* b = new QPushButton(QString::fromLatin1(specs[i].caption), parent);
         b->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
         b->setAutoDefault(false);
+        pressWithEnter(b);
         if (specs[i].accessibleName)
             b->setAccessibleName(QString::fromLatin1(specs[i].accessibleName));
         row->addWidget(b);

@@ -43,4 +43,10 @@ QLabel* makePositionLabel(QWidget* parent, const QString& role);
 // Moves the keyboard focus, ignoring a target that cannot take it.
 void focusOn(QWidget* widget);
 
+// Enter on the focused button presses it, as Space does. Every button of every window gets
+// this, because Enter-driven entry moves the focus onto a button and expects the next Enter to
+// press it. Unlike auto-default, it never makes a dialog's button its default, so Enter in a
+// box of a dialog presses nothing.
+void pressWithEnter(QAbstractButton* button);
+
 } // namespace ordwell

@@ -2,6 +2,7 @@
 #include "orders/OrderForm.h"
 
 #include "common/BoxLimit.h"
+#include "common/FormHelpers.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -61,8 +62,7 @@ const std::array<NavInfo, 5> NavButtons = {{
 QPushButton* makeButton(QWidget* parent, const QString& name, const QString& caption) {
     auto* button = new QPushButton(caption, parent);
     button->setObjectName(name);
-    // Enter on a focused button presses it, as Space does.
-    button->setAutoDefault(true);
+    pressWithEnter(button);
     return button;
 }
 

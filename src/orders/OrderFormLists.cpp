@@ -184,6 +184,9 @@ void select(OrderForm& form) {
         } else if (status == OrderStatus::Printed || status == OrderStatus::Exported) {
             showLoaded(form, status);
         } else if (status == OrderStatus::PartReceived) {
+            // From here the form receives, as in the receive mode: the grid shows what is still
+            // to come, so a line received in full cannot be chosen and too many is refused.
+            form.OrderMode = OrderMode::Receive;
             form.ui().lblinfo->setText(QStringLiteral("Receiving this order"));
             header(form, Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
             StartReceiving(form);

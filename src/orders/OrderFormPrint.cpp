@@ -18,7 +18,7 @@ namespace {
 // the order exactly as it was.
 Status showAndMark(OrderForm& form, const QString& number) {
     AppContext& context = form.appContext();
-    const auto file = OrderPrinting::OrderFormFile(form.vendorDb());
+    const auto file = OrderPrinting::OrderFormFile(form.vendorDb(), context.dataDir());
     if (!file)
         return file.status();
     const auto parameters = OrderPrinting::PrintParameters(context.systemDb(), number);

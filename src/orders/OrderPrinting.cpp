@@ -3,6 +3,7 @@
 #include "OrderTransitions.h"
 #include "common/Dates.h"
 #include "common/Sql.h"
+#include "store/Store.h"
 
 namespace ordwell::OrderPrinting {
 
@@ -61,11 +62,11 @@ Result<QMap<QString, QString>> PrintParameters(const QSqlDatabase& systemDb, con
     return parameters;
 }
 
-Result<QString> OrderFormFile(const QSqlDatabase& vendorDb) {
+Result<QString> OrderFormFile(const QSqlDatabase& vendorDb, const QString& dataDir) {
     auto value = Sql::scalar(vendorDb, QStringLiteral("SELECT ordform FROM vendor LIMIT 1"));
     if (!value)
         return value.status();
-    return value.value().toString();
+    return Store::resolveFilePath(dataDir, value.value().toString());
 }
 
 Status RecordReprint(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today) {

@@ -28,8 +28,8 @@ Result<QString> BuildContactDetails(const QSqlDatabase& systemDb);
 // The three values the order-form report is given: "ordnum", "custadd" and "contdet".
 Result<QMap<QString, QString>> PrintParameters(const QSqlDatabase& systemDb, const QString& orderId);
 
-// The order-form report file the open vendor's details name.
-Result<QString> OrderFormFile(const QSqlDatabase& vendorDb);
+// The order-form report file the open vendor's details name, as it lies in `dataDir` now.
+Result<QString> OrderFormFile(const QSqlDatabase& vendorDb, const QString& dataDir);
 
 // When the order was printed before, stamps the reprint: reprint date today and one more on
 // the count. A first print changes nothing here.

@@ -1,5 +1,6 @@
 #include "ReportViewer.h"
 
+#include "common/FormHelpers.h"
 #include "common/WaitCursor.h"
 #include "reports/RenderedReport.h"
 
@@ -23,6 +24,7 @@ QPushButton* button(QWidget* parent, QBoxLayout* row, const char* name, const QS
     b->setObjectName(QString::fromLatin1(name));
     b->setAccessibleDescription(description);
     b->setAutoDefault(false);
+    pressWithEnter(b);
     row->addWidget(b);
     return b;
 }
@@ -32,7 +34,6 @@ QPushButton* button(QWidget* parent, QBoxLayout* row, const char* name, const QS
 ReportViewer::ReportViewer(AppContext& context, const QString& formName, const QString& caption, QWidget* parent)
     : QWidget(parent), m_context(context), m_printer(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
     setObjectName(formName);
-    setWindowTitle(caption);
     setAttribute(Qt::WA_DeleteOnClose);
 
     auto* layout = new QVBoxLayout(this);
@@ -61,7 +62,7 @@ ReportViewer::ReportViewer(AppContext& context, const QString& formName, const Q
 
     m_preview = new QPrintPreviewWidget(m_printer.get(), this);
     m_preview->setObjectName(QStringLiteral("CRViewer91"));
-    m_preview->setAccessibleName(caption);
+    setCaption(caption);
     m_preview->setZoomMode(QPrintPreviewWidget::FitToWidth);
     layout->addWidget(m_preview, 1);
 
@@ -87,6 +88,11 @@ ReportViewer::ReportViewer(AppContext& context, const QString& formName, const Q
 }
 
 ReportViewer::~ReportViewer() = default;
+
+void ReportViewer::setCaption(const QString& caption) {
+    setWindowTitle(caption);
+    m_preview->setAccessibleName(caption);
+}
 
 QSize ReportViewer::sizeHint() const {
     return {900, 700};

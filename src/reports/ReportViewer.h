@@ -25,6 +25,8 @@ public:
     // Shows a freshly filled report; `pdfName` is the file name Save as PDF... suggests.
     void setReport(std::shared_ptr<RenderedReport> report, const QString& pdfName);
     const std::shared_ptr<RenderedReport>& report() const { return m_report; }
+    // The window's title, which a screen reader also hears as the preview's name.
+    void setCaption(const QString& caption);
 
     QPrintPreviewWidget* preview() const { return m_preview; }
     int pageCount() const;

@@ -59,6 +59,8 @@ Status showReport(AppContext& context, const QString& formName, const QString& c
             frame->move(area.width() / 20, area.height() / 20);
         }
     }
+    // A window shown again for another order says so.
+    viewer->setCaption(caption);
     viewer->setReport(report.value(), pdfName);
     auto* frame = qobject_cast<QMdiSubWindow*>(viewer->parentWidget());
     if (frame) {
@@ -113,7 +115,10 @@ Status showOrderFormReport(AppContext& context, const QString& reportFile, const
     // Every order form is handed the same three values, used or not.
     request.value().strictParameters = false;
     const QString orderNumber = parameters.value(QStringLiteral("ordnum"));
-    return showReport(context, OrderFormForm, QStringLiteral("Order Form"), request.value(),
+    // The order window is "Order Form" too: the preview's title names the order it shows.
+    const QString caption = orderNumber.isEmpty() ? QStringLiteral("Order Form")
+                                                  : QStringLiteral("Order %1 - Print Preview").arg(orderNumber);
+    return showReport(context, OrderFormForm, caption, request.value(),
                       (orderNumber.isEmpty() ? QStringLiteral("Order") : orderNumber) + QStringLiteral(".pdf"));
 }
 

@@ -74,8 +74,7 @@ void SysDefaultsForm::buildForm() {
     for (int i = 0; i < ButtonCount; ++i) {
         auto* button = new QPushButton(QString::fromLatin1(ButtonCaptions[i]), this);
         button->setObjectName(QStringLiteral("cmdbutton_%1").arg(i));
-        // Enter on a focused button presses it, as on any dialog.
-        button->setAutoDefault(true);
+        pressWithEnter(button);
         connect(button, &QPushButton::clicked, this, [this, i] { onButton(i); });
         buttons->addWidget(button);
         m_buttons.append(button);

@@ -1,5 +1,7 @@
 #include "FirstRunDialog.h"
 
+#include "common/FormHelpers.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -32,6 +34,8 @@ FirstRunDialog::FirstRunDialog(const QStringList& agreementLines, QWidget* paren
     no->setObjectName(QStringLiteral("cmdEULANo"));
     yes->setAutoDefault(false);
     no->setAutoDefault(false);
+    pressWithEnter(yes);
+    pressWithEnter(no);
     connect(yes, &QPushButton::clicked, this, [this] {
         m_agreed = true;
         accept();

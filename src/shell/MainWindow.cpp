@@ -13,6 +13,7 @@
 #include <QDateTime>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -86,6 +87,9 @@ MainWindow::MainWindow(AppContext& context, QWidget* parent) : QMainWindow(paren
     m_mdi = new QMdiArea(this);
     m_mdi->setObjectName(QStringLiteral("mdiArea"));
     m_mdi->setAccessibleName(QStringLiteral("Working windows"));
+    // On a screen too small for a window, the work area scrolls so that every part is reached.
+    m_mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_mdi);
     buildMenus();
     buildStatusBar();
@@ -225,10 +229,34 @@ void MainWindow::showToolWindow(ToolWindow* window) {
     window->activateWindow();
 }
 
+void MainWindow::makeRoomFor(const QWidget* toolWindow) {
+    const QSize area = m_mdi->viewport()->size();
+    const QSize missing(qMax(0, toolWindow->width() - area.width()), qMax(0, toolWindow->height() - area.height()));
+    if (missing.isNull())
+        return;
+    QRect target(geometry().topLeft(), size() + missing);
+    if (const QScreen* shown = screen()) {
+        // The frame the window manager adds stays on the screen too.
+        const QRect frame = frameGeometry();
+        const QMargins decoration(geometry().left() - frame.left(), geometry().top() - frame.top(),
+                                  frame.right() - geometry().right(), frame.bottom() - geometry().bottom());
+        const QRect screenArea = shown->availableGeometry().marginsRemoved(decoration);
+        target.setSize(target.size().boundedTo(screenArea.size()));
+        target.moveRight(qMin(target.right(), screenArea.right()));
+        target.moveBottom(qMin(target.bottom(), screenArea.bottom()));
+        target.moveLeft(qMax(target.left(), screenArea.left()));
+        target.moveTop(qMax(target.top(), screenArea.top()));
+    }
+    setGeometry(target);
+    // The work area takes the new size at once, so the window is centred in it.
+    layout()->activate();
+}
+
 void MainWindow::CentreInMainWindow(QWidget* toolWindow) {
     // Only a normal main window has a meaningful middle to centre in.
-    if (isMinimized() || isMaximized())
+    if (isMinimized() || isMaximized() || isFullScreen())
         return;
+    makeRoomFor(toolWindow);
     const QSize area = m_mdi->viewport()->size();
     const int left = (area.width() - toolWindow->width()) / 2;
     const int top = (area.height() - toolWindow->height()) / 2;

@@ -30,6 +30,8 @@ public:
 
     // Places a tool window inside the main window and starts its protocol.
     void showToolWindow(ToolWindow* window);
+    // Grows a normal main window, as far as the screen allows, until the whole sub-window fits
+    // in the work area, then centres it there.
     void CentreInMainWindow(QWidget* toolWindow);
 
     // What a menu entry does, by its objectName; About and Exit are the window's own.
@@ -59,6 +61,7 @@ private:
     void buildMenus();
     void buildStatusBar();
     void followVendorSession();
+    void makeRoomFor(const QWidget* toolWindow);
     void restorePlacement();
     void savePlacement();
     void onFirstActivation();

@@ -1,5 +1,6 @@
 #include "SplashWindow.h"
 
+#include "common/FormHelpers.h"
 #include "shell/Options.h"
 
 #include <QDesktopServices>
@@ -55,6 +56,8 @@ SplashWindow::SplashWindow(AppContext& context, QWidget* parent)
     m_exit->setObjectName(QStringLiteral("Command1"));
     m_web = new QPushButton(makerAddress(), this);
     m_web->setObjectName(QStringLiteral("cmdie"));
+    pressWithEnter(m_exit);
+    pressWithEnter(m_web);
     connect(m_exit, &QPushButton::clicked, this, &QWidget::close);
     connect(m_web, &QPushButton::clicked, this, [] { QDesktopServices::openUrl(QUrl(makerAddress())); });
 

@@ -6,8 +6,33 @@
 #include "common/Sql.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace ordwell::Store {
+
+namespace {
+
+// `file`'s path inside `folder`, or empty when it lies elsewhere.
+QString relativeInside(const QString& folder, const QString& file) {
+    if (folder.isEmpty() || file.isEmpty())
+        return {};
+    const QString relative = QDir(folder).relativeFilePath(file);
+    if (relative.isEmpty() || relative == QLatin1String(".") || relative == QLatin1String("..") ||
+        relative.startsWith(QLatin1String("../")) || QDir::isAbsolutePath(relative))
+        return {};
+    return relative;
+}
+
+QString pathInside(const QString& dataDir, const QString& path) {
+    const QString relative =
+        relativeInside(QDir(dataDir).absolutePath(), QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    if (!relative.isEmpty())
+        return relative;
+    // The same folder reached through a link.
+    return relativeInside(QFileInfo(dataDir).canonicalFilePath(), QFileInfo(path).canonicalFilePath());
+}
+
+} // namespace
 
 QString systemDatabasePath(const QString& dataDir) {
     return QDir(dataDir).filePath(SystemFileName);
@@ -56,6 +81,32 @@ Status CreateVendorDatabase(const QString& dataDir, const QString& code) {
 Result<QSqlDatabase> OpenVendorDatabase(const QString& dataDir, const QString& fileName,
                                         const QString& connectionName) {
     return openCurrent(connectionName, QDir(dataDir).filePath(fileName), vendorSchema());
+}
+
+QString storedFilePath(const QString& dataDir, const QString& path) {
+    const QString trimmed = path.trimmed();
+    if (trimmed.isEmpty() || QDir::isRelativePath(trimmed))
+        return trimmed;
+    const QString inside = pathInside(dataDir, trimmed);
+    return inside.isEmpty() ? trimmed : inside;
+}
+
+QString resolveFilePath(const QString& dataDir, const QString& stored) {
+    const QString path = stored.trimmed();
+    if (path.isEmpty())
+        return path;
+    if (QDir::isRelativePath(path))
+        return QDir::cleanPath(QDir(dataDir).absoluteFilePath(path));
+    if (!pathInside(dataDir, path).isEmpty())
+        return path;
+    // Stored whole before the folder moved: the old place is gone, or is itself a data folder
+    // (the original of a copy). A user's own report elsewhere is left where it is.
+    const QFileInfo old(path);
+    const QString here = QDir(dataDir).absoluteFilePath(old.fileName());
+    const bool oldIsDataFolder = QFileInfo::exists(systemDatabasePath(old.absolutePath()));
+    if ((oldIsDataFolder || !old.exists()) && QFileInfo::exists(here))
+        return here;
+    return path;
 }
 
 bool HasOrganisationDetails(const QSqlDatabase& systemDb) {

@@ -30,6 +30,14 @@ Status CreateVendorDatabase(const QString& dataDir, const QString& code);
 Result<QSqlDatabase> OpenVendorDatabase(const QString& dataDir, const QString& fileName,
                                         const QString& connectionName = VendorConnection);
 
+// A file named in a database row (a vendor's order-form report): one in the data folder is
+// stored by its path inside the folder, so that the folder can be moved, restored or copied
+// elsewhere; one outside keeps its whole path.
+QString storedFilePath(const QString& dataDir, const QString& path);
+// The file a stored path names in this data folder. A whole path into another place the folder
+// once was (its old copy, or where it was before a move) leads to the file of that name here.
+QString resolveFilePath(const QString& dataDir, const QString& stored);
+
 // True when the organisation's details have been saved.
 bool HasOrganisationDetails(const QSqlDatabase& systemDb);
 

@@ -171,7 +171,7 @@ LoadedDetails LoadVendorDetails(const QString& dataDir, const QString& code) {
         const QVariant next = q.value(int(VendorField::NextOrder));
         if (!next.isNull())
             found.nextOrder = next.toInt();
-        found.orderForm = q.value(int(VendorField::OrderForm)).toString();
+        found.orderForm = Store::resolveFilePath(dataDir, q.value(int(VendorField::OrderForm)).toString());
     }
     q.finish();
     if (rows == 1)
@@ -211,7 +211,9 @@ Result<VendorDetails> SaveVendorDetails(const QString& dataDir, const QString& c
     if (stored.orderForm.isEmpty())
         stored.orderForm = defaultReportPath(dataDir);
 
-    const Status written = writeRow(*db, code.trimmed(), stored, insert);
+    VendorDetails row = stored;
+    row.orderForm = Store::storedFilePath(dataDir, stored.orderForm);
+    const Status written = writeRow(*db, code.trimmed(), row, insert);
     if (!written)
         return cannotSave(written.message());
     return stored;

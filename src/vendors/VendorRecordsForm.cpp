@@ -91,6 +91,7 @@ void VendorRecordsForm::buildControls() {
     m_importReport->setAccessibleName(QStringLiteral("Import order form report"));
     m_importReport->setToolTip(QStringLiteral("Import this vendor's own order form report"));
     m_importReport->setAutoDefault(false);
+    pressWithEnter(m_importReport);
     m_importReport->setMaximumWidth(m_importReport->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
     orderFormRow->addWidget(box(VendorField::OrderForm), 1);
     orderFormRow->addWidget(m_importReport);

@@ -270,6 +270,9 @@ private slots:
         r.box(2)->setText(QStringLiteral("7"));
         test::pressEnter(r.box(2));
         QCOMPARE(r.form->focusWidget(), r.button(BarcodeRulesForm::AddButton));
+        // The next Enter presses the focused Add.
+        QTest::keyClick(r.button(BarcodeRulesForm::AddButton), Qt::Key_Return);
+        QCOMPARE(r.stored(), QStringList{"1|AB|3|7|A"});
         r.box(0)->clear();
         r.s.prompter().clear();
         test::pressEnter(r.box(0));

@@ -13,9 +13,12 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace ordwell;
@@ -131,6 +134,23 @@ private slots:
         QCOMPARE(test::child<QLabel>(d.form, "lblreccount")->text(), d.position());
     }
 
+    // The main window at its first size (433 pixels) is narrower than the item window: it grows
+    // as far as the screen allows, and the work area scrolls to whatever still lies beyond.
+    void opensWithinReach() {
+        Desk d({QStringLiteral("A1")});
+        const QRect frame = d.form->parentWidget()->geometry();
+        QMdiArea* area = d.window->mdiArea();
+        QVERIFY(d.window->width() > 433);
+        QVERIFY(d.window->screen()->availableGeometry().contains(d.window->frameGeometry()));
+        QVERIFY(frame.left() >= 0 && frame.top() >= 0);
+        const int right = frame.right() + 1 - area->viewport()->width();
+        const int below = frame.bottom() + 1 - area->viewport()->height();
+        QTRY_VERIFY(right <= 0 ||
+                    (area->horizontalScrollBar()->isVisible() && area->horizontalScrollBar()->maximum() >= right));
+        QTRY_VERIFY(below <= 0 ||
+                    (area->verticalScrollBar()->isVisible() && area->verticalScrollBar()->maximum() >= below));
+    }
+
     void masksFollowThePosition() {
         Desk d({QStringLiteral("B2"), QStringLiteral("A1"), QStringLiteral("C3")});
         QCOMPARE(d.shown(), QStringLiteral("A1|About A1|6|2|12.50|30/06/2030"));
@@ -185,7 +205,8 @@ private slots:
         QCOMPARE(QApplication::focusWidget(), d.box(5));
         QVERIFY(d.prompter().messages.isEmpty());
 
-        // Enter refuses an expiry of today; Save takes it.
+        // Enter refuses an expiry of today; Save takes it. Enter moves to Save, and the next
+        // Enter presses it.
         d.typeEnter(5, QStringLiteral("15/03/2026"));
         QCOMPARE(d.prompter().texts(), QStringList{Expired});
         QCOMPARE(d.prompter().messages.first().title, QStringLiteral("Invalid date"));
@@ -193,9 +214,9 @@ private slots:
         QCOMPARE(QApplication::focusWidget(), d.box(5));
         d.typeEnter(5, QStringLiteral("16/03/2026"));
         QCOMPARE(QApplication::focusWidget(), d.button(ItemForm::Save));
-        d.type(5, QStringLiteral("15/03/2026"));
+        d.box(5)->setText(QStringLiteral("15/03/2026"));
         d.prompter().clear();
-        d.press(ItemForm::Save);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QVERIFY(d.prompter().messages.isEmpty());
         QCOMPARE(d.stored(QStringLiteral("AB12")), QStringLiteral("AB12|Apple's best|12|3|12345000|2026-03-15"));
         // After adding, the list stands at its first row.

@@ -303,6 +303,43 @@ private slots:
         QVERIFY(s.header(0)->text().isEmpty());
     }
 
+    // A part-received order taken up from the load list, by keys: the grid shows what is still
+    // to come, a line received in full cannot be chosen, and too many is refused, not stored.
+    void receivingAnOrderTakenUpFromTheLoadList() {
+        OrderSession s;
+        addOrder(s, QStringLiteral("ABC0000001"), OrderStatus::PartReceived);
+        addLine(s, QStringLiteral("ABC0000001"), 1, QStringLiteral("A1"), 10, OrderStatus::PartReceived, 4);
+        addLine(s, QStringLiteral("ABC0000001"), 2, QStringLiteral("A2"), 2, OrderStatus::Received, 2);
+        OrderForm* form = s.open(QStringLiteral("mnuLdOrd"));
+        const OrderFormControls& ui = form->ui();
+        QCOMPARE(QApplication::focusWidget(), ui.cmdnavbutton[2]);
+        QTest::keyClick(ui.cmdnavbutton[2], Qt::Key_Return);
+        QCOMPARE(s.header(6)->text(), QStringLiteral("S - PART RECEIVED"));
+        QCOMPARE(ui.flxitems->item(1, 3)->text(), QStringLiteral("6"));
+        QCOMPARE(ui.flxitems->item(2, 3)->text(), QStringLiteral("0"));
+        const auto choose = [&ui](int row) {
+            ui.flxitems->setFocus();
+            ui.flxitems->setCurrentCell(row, 1);
+            QTest::keyClick(ui.flxitems, Qt::Key_Return);
+        };
+        const auto receive = [&ui](const char* typed) {
+            QTest::keyClicks(ui.txtrcvqty, QString::fromLatin1(typed));
+            QTest::keyClick(ui.txtrcvqty, Qt::Key_Return);
+        };
+        choose(2);
+        QCOMPARE(QApplication::focusWidget(), ui.cmdrecv);
+        choose(1);
+        QCOMPARE(QApplication::focusWidget(), ui.txtrcvqty);
+        receive("7");
+        QVERIFY(s.prompter().messages.isEmpty());
+        QVERIFY(ui.txtrcvqty->text().isEmpty());
+        QCOMPARE(QApplication::focusWidget(), ui.txtrcvqty);
+        s.prompter().expect(QStringLiteral("All items have been received, the order will now close"));
+        receive("6");
+        QCOMPARE(s.orderStatus(QStringLiteral("ABC0000001")), OrderStatus::Received);
+        QCOMPARE(s.value(QStringLiteral("SELECT recvqty FROM orderline WHERE line = 1")).toInt(), 10);
+    }
+
     // A live order left by a crash comes back with its header and lines, ready for entry to go on.
     void recoveringTheLiveOrder() {
         OrderSession s;

@@ -1,7 +1,10 @@
 #include "OrderDataFixture.h"
 #include "orders/OrderPrinting.h"
 #include "settings/OrganisationDetails.h"
+#include "store/Store.h"
 
+#include <QDir>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace ordwell;
@@ -52,7 +55,36 @@ private slots:
         QCOMPARE(parameters.value().value("ordnum"), QStringLiteral("ABC1000000"));
         QCOMPARE(parameters.value().value("custadd"), QStringLiteral("Head Office,1 High St,Kent,CT11AA"));
         QCOMPARE(parameters.value().value("contdet"), QStringLiteral("Ann,01234 567890,ann@example.org"));
-        QCOMPARE(OrderPrinting::OrderFormFile(f.vendorDb()).value(), f.ctx().dataFile(QStringLiteral("ordform.rpt")));
+        QCOMPARE(OrderPrinting::OrderFormFile(f.vendorDb(), f.ctx().dataDir()).value(),
+                 f.ctx().dataFile(QStringLiteral("ordform.rpt")));
+    }
+
+    // A data folder moved or copied elsewhere still prints on its own reports; a report kept
+    // outside any data folder stays where the user put it.
+    void reportFollowsTheDataFolder() {
+        test::OrderDataFixture f;
+        const QString dataDir = f.ctx().dataDir();
+        QVERIFY(test::writeFile(f.ctx().dataFile(QStringLiteral("ABCordform.rpt")), "mine"));
+        QTemporaryDir elsewhere;
+        const QString oldFolder = QDir(elsewhere.path()).filePath(QStringLiteral("old"));
+        const QString mine = QDir(elsewhere.path()).filePath(QStringLiteral("mine.rpt"));
+        QVERIFY(test::writeFile(mine, "mine"));
+        const auto printsOn = [&](const QString& stored) {
+            f.exec(QStringLiteral("UPDATE vendor SET ordform = ?"), {stored});
+            return OrderPrinting::OrderFormFile(f.vendorDb(), dataDir).value();
+        };
+        const QString here = f.ctx().dataFile(QStringLiteral("ABCordform.rpt"));
+        QCOMPARE(printsOn(QStringLiteral("ABCordform.rpt")), here);
+        // Where the folder was before it moved: nothing there any more.
+        QCOMPARE(printsOn(oldFolder + QStringLiteral("/ABCordform.rpt")), here);
+        // The original of a copy, still in its place.
+        QVERIFY(QDir().mkpath(oldFolder));
+        QVERIFY(test::writeFile(QDir(oldFolder).filePath(QStringLiteral("Ordwell.mdb")), "db"));
+        QVERIFY(test::writeFile(QDir(oldFolder).filePath(QStringLiteral("ABCordform.rpt")), "old"));
+        QCOMPARE(printsOn(oldFolder + QStringLiteral("/ABCordform.rpt")), here);
+        QCOMPARE(printsOn(mine), mine);
+        QCOMPARE(Store::storedFilePath(dataDir, here), QStringLiteral("ABCordform.rpt"));
+        QCOMPARE(Store::storedFilePath(dataDir, mine), mine);
     }
 
     // The first print stamps the print date only; each later print adds one reprint and

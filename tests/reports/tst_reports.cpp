@@ -483,7 +483,14 @@ private slots:
         ReportViewer* viewer = findReportViewer(QStringLiteral("frmprintreport"));
         QVERIFY(viewer);
         QVERIFY(viewer->report()->bodyHtml().contains(QStringLiteral("ABC0000001 for ") + Address));
+        QCOMPARE(viewer->windowTitle(), QStringLiteral("Order ABC0000001 - Print Preview"));
         QCOMPARE(context.OpenWindowCount, 0);
+        // The same window shown for another order takes that order's title.
+        ReportParameterValues next = values;
+        next.insert(QStringLiteral("ordnum"), QStringLiteral("ABC0000002"));
+        QVERIFY(showOrderFormReport(context, missing, next));
+        QCOMPARE(findReportViewer(QStringLiteral("frmprintreport")), viewer);
+        QCOMPARE(viewer->windowTitle(), QStringLiteral("Order ABC0000002 - Print Preview"));
         viewer->close();
         context.closeVendorDb();
     }

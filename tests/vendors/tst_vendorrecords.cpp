@@ -231,7 +231,7 @@ private slots:
 
         QCOMPARE(stored(f.ctx().dataDir(), "OBS",
                         {"vendorid", "postcode", "reptel", "nextord", "ordform", "add2", "contacttel"}),
-                 (QStringList{"OBS", "AB1 2CD", "(01234) 567890", "1000000", defaultReport, "NULL", "NULL"}));
+                 (QStringList{"OBS", "AB1 2CD", "(01234) 567890", "1000000", "ordform.rpt", "NULL", "NULL"}));
     }
 
     // Save's checks, in order: from the sample details with one box changed, or from nothing at
@@ -403,8 +403,7 @@ private slots:
         const auto saved = VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("HLF"), d, SaveMode::Update);
         QVERIFY2(saved, qPrintable(saved.message()));
         QCOMPARE(stored(ctx.dataDir(), "HLF", {"count(*)", "vendorid", "customerid", "nextord", "ordform"}),
-                 (QStringList{"1", "HLF", "CUST1", QString::number(VendorRecords::FirstOrderNumber),
-                              VendorRecords::defaultReportPath(ctx.dataDir())}));
+                 (QStringList{"1", "HLF", "CUST1", QString::number(VendorRecords::FirstOrderNumber), "ordform.rpt"}));
 
         // Saved again as an update, the one row is rewritten, not joined by another.
         d[F::County] = QStringLiteral("Essex");
@@ -461,9 +460,10 @@ private slots:
         QVERIFY(!QFileInfo::exists(chosen));
         QCOMPARE(test::fileContents(target), QByteArray("new report"));
         QCOMPARE(f.box(F::OrderForm)->text(), target);
-        QCOMPARE(storedReport(), VendorRecords::defaultReportPath(ctx.dataDir())); // not stored until saved
+        QCOMPARE(storedReport(), QStringLiteral("ordform.rpt")); // not stored until saved
         f.button(Form::Save)->click();
-        QCOMPARE(storedReport(), target);
+        // Kept by its name in the data folder, so the folder can move.
+        QCOMPARE(storedReport(), QStringLiteral("ACMordform.rpt"));
 
         // A later import over it asks first: No keeps both files as they were, Yes replaces.
         f.button(Form::Edit)->click();
