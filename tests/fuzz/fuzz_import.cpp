@@ -58,7 +58,7 @@ void checkLine(const QString& line, const QLocale& locale) {
 
     // The same values in the item window's boxes: its checks must not fall over on them.
     QStringList boxes = ItemChecks::boxesFor(
-        Item{item->code, item->descr, item->packqty, item->defqty, item->price, item->expiry}, locale);
+        Item{item->code, item->descr, item->packqty, item->defqty, item->price, item->expiry, {}}, locale);
     ItemChecks::ValidateItem(boxes, QDate(2024, 6, 15), locale);
 }
 
