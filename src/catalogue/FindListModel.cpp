@@ -1,6 +1,7 @@
 #include "FindListModel.h"
 
 #include "common/Sql.h"
+#include "store/Dialect.h"
 
 #include <QLoggingCategory>
 
@@ -33,13 +34,14 @@ Status FindListModel::open() {
         QSqlQuery& query;
         QString text;
     };
+    const QString ordered = Dialects::caseBlind(m_db, column);
     const Statement statements[] = {
-        {m_blockQuery, QStringLiteral("SELECT %1 FROM %2 ORDER BY %1 COLLATE NOCASE LIMIT ? OFFSET ?")},
-        {m_rowQuery, QStringLiteral("SELECT count(*) FROM %2 WHERE %1 < ? COLLATE NOCASE")},
+        {m_blockQuery, QStringLiteral("SELECT %1 FROM %2 ORDER BY %3 LIMIT ? OFFSET ?").arg(column, table, ordered)},
+        {m_rowQuery, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 < ?").arg(table, ordered)},
     };
     for (const Statement& s : statements) {
         s.query.setForwardOnly(true);
-        if (!s.query.prepare(s.text.arg(column, table)))
+        if (!s.query.prepare(s.text))
             return Status::fail(Sql::describe(s.query.lastError()));
     }
     beginResetModel();
@@ -94,9 +96,9 @@ QVariant FindListModel::data(const QModelIndex& index, int role) const {
 QString FindListModel::detailFor(const QString& text) const {
     if (m_query.detailColumn.isEmpty())
         return {};
-    const QString sql = QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ? COLLATE BINARY ORDER BY %4 LIMIT 1")
-                            .arg(quoted(m_query.detailColumn), quoted(m_query.table), quoted(m_query.column),
-                                 quoted(m_query.keyColumn));
+    const QString sql = QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ? ORDER BY %4 LIMIT 1")
+                            .arg(quoted(m_query.detailColumn), quoted(m_query.table),
+                                 Dialects::exactly(m_db, quoted(m_query.column)), quoted(m_query.keyColumn));
     auto value = Sql::scalar(m_db, sql, {text});
     return value && !value->isNull() ? value->toString() : QString();
 }

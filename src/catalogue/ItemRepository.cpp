@@ -2,6 +2,7 @@
 
 #include "common/Dates.h"
 #include "common/Sql.h"
+#include "store/Dialect.h"
 
 #include <QSqlError>
 
@@ -156,10 +157,10 @@ Result<std::optional<Item>> ItemRepository::find(const QString& code) {
 Result<std::optional<Item>> ItemRepository::findByDescription(const QString& description) {
     Status status;
     // Exactly the text chosen: descriptions differing only in case are different descriptions.
-    QSqlQuery& q = prepared(
-        m_statements->byDescription,
-        QStringLiteral("SELECT %1 FROM items WHERE descr = ? COLLATE BINARY ORDER BY code LIMIT 1").arg(Columns),
-        status);
+    QSqlQuery& q = prepared(m_statements->byDescription,
+                            QStringLiteral("SELECT %1 FROM items WHERE %2 = ? ORDER BY code LIMIT 1")
+                                .arg(Columns, Dialects::exactly(m_db, QStringLiteral("descr"))),
+                            status);
     if (!status)
         return status;
     return fetchOne(q, {description});

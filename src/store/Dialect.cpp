@@ -8,6 +8,14 @@ Dialect of(const QSqlDatabase& db) {
     return db.driverName() == QLatin1String("QPSQL") ? Dialect::PostgreSQL : Dialect::SQLite;
 }
 
+QString exactly(const QSqlDatabase& db, const QString& column) {
+    return column + (of(db) == Dialect::PostgreSQL ? QStringLiteral("::text") : QStringLiteral(" COLLATE BINARY"));
+}
+
+QString caseBlind(const QSqlDatabase& db, const QString& column) {
+    return of(db) == Dialect::PostgreSQL ? column : column + QStringLiteral(" COLLATE NOCASE");
+}
+
 Result<bool> hasTable(const QSqlDatabase& db, const QString& table) {
     // A server lists the tables of every schema; only the connection's own counts.
     const QString sql =

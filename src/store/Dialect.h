@@ -16,6 +16,12 @@ namespace Dialects {
 
 Dialect of(const QSqlDatabase& db);
 
+// A text column compared exactly, letter case included ("descr COLLATE BINARY" in a file,
+// "descr::text" on a server, whose case-blind text type is otherwise used).
+QString exactly(const QSqlDatabase& db, const QString& column);
+// A text column compared without regard to case, as the key columns are on both engines.
+QString caseBlind(const QSqlDatabase& db, const QString& column);
+
 // True when the database (a file, or the connection's own schema on a server) has `table`.
 Result<bool> hasTable(const QSqlDatabase& db, const QString& table);
 

@@ -1,5 +1,7 @@
 // The store on a real PostgreSQL server (the one scripts/test starts; ORDWELL_TEST_SERVER holds
 // its connection string): the same layout, refusals, look-ups and schema versions as the files.
+#include "catalogue/Find.h"
+#include "catalogue/FindListModel.h"
 #include "catalogue/ItemRepository.h"
 #include "common/Sql.h"
 #include "store/DatabaseFile.h"
@@ -134,6 +136,17 @@ private slots:
         QVERIFY(items.exists(QStringLiteral("C3")).value());
         QCOMPARE(items.findByGtin(QStringLiteral("05012345670003"))->value().code, QStringLiteral("D4"));
         QCOMPARE(items.find(QStringLiteral("a1"))->value().price, Money::fromPence(125));
+        QVERIFY(!items.findByDescription(QStringLiteral("o'hara's"))->has_value());
+        QCOMPARE(items.findByDescription(QStringLiteral("O'Hara's"))->value().code, QStringLiteral("A1"));
+
+        // The find window's list: case-blind order, typed prefixes, a product barcode's entry.
+        FindListModel list(*vendor, Find::itemDescriptions());
+        QVERIFY(list.open());
+        QCOMPARE(list.rowCount(), 4);
+        QCOMPARE(list.textAt(0), QStringLiteral("Dates"));
+        QCOMPARE(list.rowForPrefix(QStringLiteral("o'h"), -1), 1);
+        QCOMPARE(list.entryWithDetail(QStringLiteral("05012345670003")).value(), QStringLiteral("Dates"));
+        QCOMPARE(list.detailFor(QStringLiteral("Dates")), QStringLiteral("05012345670003"));
     }
 
     void olderDataIsUpgradedAndNewerRefused() {
