@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Prompter.h"
+#include "store/Store.h"
 
 #include <QLockFile>
 #include <QSettings>
@@ -32,6 +33,9 @@ public:
     // Where the databases, the agreement and the report files live.
     const QString& dataDir() const { return m_dataDir; }
     QString dataFile(const QString& name) const;
+    // Where the databases are: the data folder's files unless a server was chosen.
+    Store::StoreLocation store() const { return {m_dataDir, m_server}; }
+    void setServer(const QString& conninfo) { m_server = conninfo; }
 
     Prompter& prompter() const { return *m_prompter; }
     void setPrompter(Prompter& prompter) { m_prompter = &prompter; }
@@ -82,6 +86,7 @@ public:
 
 private:
     QString m_dataDir;
+    QString m_server;
     QString m_settingsFile;
     Prompter* m_prompter;
     MenuHost* m_menuHost = nullptr;

@@ -163,6 +163,15 @@ void MainWindow::buildStatusBar() {
     m_panels[0]->setAccessibleDescription(QStringLiteral("Open vendor"));
     m_panels[1]->setAccessibleDescription(QStringLiteral("Date"));
     m_panels[2]->setAccessibleDescription(QStringLiteral("Time"));
+    // Several workstations may share a server: where this one's data is stays in sight.
+    if (const Store::StoreLocation where = m_context.store(); where.onServer()) {
+        m_dataPlace = new QLabel(where.describe(), bar);
+        m_dataPlace->setObjectName(QStringLiteral("sbDataPlace"));
+        m_dataPlace->setFrameShape(QFrame::StyledPanel);
+        m_dataPlace->setFrameShadow(QFrame::Sunken);
+        m_dataPlace->setAccessibleDescription(QStringLiteral("Where the data is"));
+        bar->insertPermanentWidget(0, m_dataPlace, 1);
+    }
     updateClock();
     auto* clock = new QTimer(this);
     connect(clock, &QTimer::timeout, this, &MainWindow::updateClock);
@@ -334,7 +343,10 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     if (isMinimized())
         return;
-    m_panels[0]->setMinimumWidth(width() / 2);
+    // The vendor's panel gives up half its share to the server's name when there is one.
+    m_panels[0]->setMinimumWidth(m_dataPlace ? width() / 4 : width() / 2);
+    if (m_dataPlace)
+        m_dataPlace->setMinimumWidth(width() / 4);
     m_panels[1]->setMinimumWidth(width() / 4);
     m_panels[2]->setMinimumWidth(width() / 4);
 }

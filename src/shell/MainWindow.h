@@ -70,6 +70,7 @@ private:
     void updateClock();
 
     AppContext& m_context;
+    QLabel* m_dataPlace = nullptr; // only when the data is on a server
     QMdiArea* m_mdi = nullptr;
     QHash<QString, QAction*> m_entries;
     QList<QAction*> m_maskedEntries;

@@ -21,12 +21,28 @@ void reportCompaction(Prompter& prompter, const Status& outcome) {
     prompter.message(text, QStringLiteral("Maintenance failed"), MessageIcon::Exclamation);
 }
 
+namespace {
+// A server keeps its own tables compact (autovacuum); copying files is no business of ours there.
+bool leftToTheServer(AppContext& context) {
+    if (!context.store().onServer())
+        return false;
+    context.prompter().message(
+        QStringLiteral("The data is kept on a PostgreSQL server (%1). Compacting it is the server's own "
+                       "maintenance (VACUUM), which the server runs by itself; nothing was done here.")
+            .arg(context.store().describe()),
+        QStringLiteral("Maintenance"), MessageIcon::Information);
+    return true;
+}
+} // namespace
+
 void compactSystem(AppContext& context, MainWindow& mainWindow) {
+    if (leftToTheServer(context))
+        return;
     context.closeSystemDb();
     reportCompaction(context.prompter(),
                      CompactDatabase(Store::systemDatabasePath(context.dataDir()), context.dataDir()));
     // Reopened whatever the outcome: a failed compaction leaves the original file in place.
-    if (!Store::OpenSystemDatabase(context.dataDir())) {
+    if (!Store::OpenSystemDatabase(context.store())) {
         context.prompter().message(
             QStringLiteral("There is a problem with the system database, please check the system database"), QString(),
             MessageIcon::Critical);
@@ -36,7 +52,7 @@ void compactSystem(AppContext& context, MainWindow& mainWindow) {
 
 void compactVendor(AppContext& context) {
     VendorSession& session = context.vendorSession();
-    if (!session.isOpen())
+    if (!session.isOpen() || leftToTheServer(context))
         return;
     session.detachDatabase();
     reportCompaction(context.prompter(),

@@ -75,6 +75,10 @@ const std::vector<OptionSpec>& optionTable() {
          [](Options& o, const QStringList& v) { o.desktopDir = last(v); return QString(); }},
         {{S("settings")}, S("FILE"), S("Keep settings in this INI file."),
          [](Options& o, const QStringList& v) { o.settingsFile = last(v); return QString(); }},
+        {{S("server")}, S("CONNINFO"),
+         S("Keep the data on this PostgreSQL server (a postgresql:// address or key=value pairs) "
+           "instead of the data folder's files."),
+         [](Options& o, const QStringList& v) { o.server = last(v); return QString(); }},
         {{S("splash-ms")}, S("N"), S("Milliseconds of each splash pause (default 1000)."), applySplashMs},
         {{S("vendor")}, S("CODE"), S("The vendor (its code) that --import-items or --render-report works on."),
          [](Options& o, const QStringList& v) { o.vendorCode = last(v); return QString(); }},
@@ -140,6 +144,15 @@ QString resolveDataDir(const Options& options) {
     if (!fromEnv.isEmpty())
         return QDir(fromEnv).absolutePath();
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+QString resolveServer(const Options& options, const QString& fromSettings) {
+    if (!options.server.isEmpty())
+        return options.server;
+    const QString fromEnv = qEnvironmentVariable("ORDWELL_SERVER");
+    if (!fromEnv.isEmpty())
+        return fromEnv;
+    return fromSettings;
 }
 
 QString resolveDesktopDir(const Options& options) {

@@ -14,6 +14,7 @@ struct Options {
     QString dataDir;      // empty: ORDWELL_DATA_DIR, else the platform's application data folder
     QString desktopDir;   // empty: the user's desktop
     QString settingsFile; // empty: the platform's settings store; else an INI file
+    QString server;       // --server: a PostgreSQL server's connection string
     int splashMs = 1000;  // each of the splash's two pauses
     QString vendorCode;   // --vendor: the vendor a headless run (import or report) works on
     QString importFile;   // --import-items: import this price list without a window, then end
@@ -46,6 +47,9 @@ QString helpText();
 // The folders actually used, after the defaults are applied.
 QString resolveDataDir(const Options& options);
 QString resolveDesktopDir(const Options& options);
+// The server the databases are on: --server, else ORDWELL_SERVER, else the one kept in the
+// settings (group Server, key Connection); empty for the data folder's files.
+QString resolveServer(const Options& options, const QString& fromSettings);
 
 QString versionText(); // "1.0.0"
 

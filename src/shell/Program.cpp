@@ -36,6 +36,8 @@ Program::Program(Options options, Prompter* prompter) : m_options(std::move(opti
         prompter = m_ownPrompter.get();
     }
     m_context = std::make_unique<AppContext>(resolveDataDir(m_options), m_options.settingsFile, *prompter);
+    const auto settings = m_context->settings();
+    m_context->setServer(resolveServer(m_options, settings->value(QStringLiteral("Server/Connection")).toString()));
 }
 
 Program::~Program() {
@@ -119,9 +121,25 @@ bool Program::start() {
 
     if (!prepareDataFolder())
         return false;
-    const QString systemPath = Store::systemDatabasePath(ctx.dataDir());
-    const bool systemDatabaseExists = QFileInfo::exists(systemPath);
-    const bool systemDatabaseInUse = !ctx.takeSystemLock();
+    // On a server there is no file to lock: several workstations share it by design.
+    const bool onServer = ctx.store().onServer();
+    bool systemDatabaseExists = false;
+    for (;;) {
+        const auto exists = Store::SystemDatabaseExists(ctx.store());
+        if (exists) {
+            systemDatabaseExists = *exists;
+            break;
+        }
+        // Never a silent fall-back to the files: the user retries or quits.
+        const MessageAnswer retry =
+            ctx.prompter().message(exists.message() + QStringLiteral("\n\nTry again?"),
+                                   QStringLiteral("Database Server"), MessageIcon::Critical, MessageButtons::YesNo);
+        if (retry != MessageAnswer::Yes) {
+            splash->close();
+            return false;
+        }
+    }
+    const bool systemDatabaseInUse = !onServer && !ctx.takeSystemLock();
     bool failed = false;
 
     if (!systemDatabaseExists && !systemDatabaseInUse) {
@@ -133,7 +151,7 @@ bool Program::start() {
             ctx.AgreementAccepted = false;
         } else {
             setStatus(*splash, QStringLiteral("Creating database..."));
-            const Status created = Store::CreateSystemDatabase(ctx.dataDir());
+            const Status created = Store::CreateSystemDatabase(ctx.store());
             if (!created) {
                 ctx.prompter().message(created.message(), QString(), MessageIcon::Critical);
                 failed = true;
@@ -147,10 +165,12 @@ bool Program::start() {
     if (ctx.AgreementAccepted && !systemDatabaseInUse && !failed) {
         ctx.DesktopPath = resolveDesktopDir(m_options);
         setStatus(*splash, QStringLiteral("Opening the database..."));
-        auto db = Store::OpenSystemDatabase(ctx.dataDir());
+        auto db = Store::OpenSystemDatabase(ctx.store());
         if (!db) {
             ctx.prompter().message(
-                QStringLiteral("There is a problem with the system database, please check the system database"),
+                onServer
+                    ? db.message()
+                    : QStringLiteral("There is a problem with the system database, please check the system database"),
                 QString(), MessageIcon::Critical);
             failed = true;
         } else {

@@ -3,6 +3,7 @@
 #include "DatabaseFile.h"
 #include "SchemaUpgrade.h"
 #include "Schemas.h"
+#include "ServerStore.h"
 #include "common/Sql.h"
 
 #include <QDir>
@@ -46,8 +47,44 @@ QString vendorDatabasePath(const QString& dataDir, const QString& code) {
     return QDir(dataDir).filePath(vendorFileName(code));
 }
 
-Status CreateSystemDatabase(const QString& dataDir) {
-    return DatabaseFile::create(systemDatabasePath(dataDir), systemSchema());
+QString StoreLocation::describe() const {
+    return onServer() ? ServerStore::describe(server) : QDir::toNativeSeparators(dataDir);
+}
+
+namespace {
+const QString ServerSetUpConnection = QStringLiteral("ServerSetUp");
+
+// A short connection of its own for making schemas on the server.
+template <typename Work> auto onServer(const StoreLocation& where, Work work) -> decltype(work(QSqlDatabase())) {
+    decltype(work(QSqlDatabase())) outcome = Status::ok();
+    {
+        auto db = ServerStore::connect(ServerSetUpConnection, where.server);
+        if (!db)
+            return db.status();
+        outcome = work(*db);
+    }
+    DatabaseFile::close(ServerSetUpConnection);
+    return outcome;
+}
+} // namespace
+
+Result<bool> SystemDatabaseExists(const StoreLocation& where) {
+    if (!where.onServer())
+        return QFileInfo::exists(systemDatabasePath(where.dataDir));
+    return onServer(where, [](const QSqlDatabase& db) -> Result<bool> {
+        auto found =
+            Sql::scalar(db, QStringLiteral("SELECT count(*) FROM information_schema.schemata WHERE schema_name = ?"),
+                        {ServerStore::SystemSchema});
+        if (!found)
+            return found.status();
+        return found->toInt() > 0;
+    });
+}
+
+Status CreateSystemDatabase(const StoreLocation& where) {
+    if (where.onServer())
+        return onServer(where, [](const QSqlDatabase& db) { return ServerStore::createSystem(db); });
+    return DatabaseFile::create(systemDatabasePath(where.dataDir), systemSchema());
 }
 
 namespace {
@@ -70,17 +107,25 @@ Result<QSqlDatabase> openCurrent(const QString& connectionName, const QString& p
 
 } // namespace
 
-Result<QSqlDatabase> OpenSystemDatabase(const QString& dataDir) {
-    return openCurrent(SystemConnection, systemDatabasePath(dataDir), systemSchema());
+Result<QSqlDatabase> OpenSystemDatabase(const StoreLocation& where) {
+    if (where.onServer())
+        return ServerStore::openSystem(SystemConnection, where.server);
+    return openCurrent(SystemConnection, systemDatabasePath(where.dataDir), systemSchema());
 }
 
-Status CreateVendorDatabase(const QString& dataDir, const QString& code) {
-    return DatabaseFile::create(vendorDatabasePath(dataDir, code), vendorSchema());
+Status CreateVendorDatabase(const StoreLocation& where, const QString& code) {
+    if (where.onServer())
+        return onServer(where, [&code](const QSqlDatabase& db) { return ServerStore::createVendor(db, code); });
+    return DatabaseFile::create(vendorDatabasePath(where.dataDir, code), vendorSchema());
 }
 
-Result<QSqlDatabase> OpenVendorDatabase(const QString& dataDir, const QString& fileName,
+Result<QSqlDatabase> OpenVendorDatabase(const StoreLocation& where, const QString& fileName,
                                         const QString& connectionName) {
-    return openCurrent(connectionName, QDir(dataDir).filePath(fileName), vendorSchema());
+    if (where.onServer()) {
+        const QString code = fileName.chopped(qMin(fileName.size(), vendorFileName(QString()).size()));
+        return ServerStore::openVendor(connectionName, where.server, code);
+    }
+    return openCurrent(connectionName, QDir(where.dataDir).filePath(fileName), vendorSchema());
 }
 
 QString storedFilePath(const QString& dataDir, const QString& path) {

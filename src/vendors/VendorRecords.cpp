@@ -141,10 +141,11 @@ QString defaultReportPath(const QString& dataDir) {
     return QDir(dataDir).filePath(Store::DefaultOrderFormFileName);
 }
 
-LoadedDetails LoadVendorDetails(const QString& dataDir, const QString& code) {
+LoadedDetails LoadVendorDetails(const Store::StoreLocation& where, const QString& code) {
+    const QString& dataDir = where.dataDir;
     LoadedDetails out;
     ConnectionCloser closer;
-    auto db = Store::OpenVendorDatabase(dataDir, Store::vendorFileName(code), ConnectionName);
+    auto db = Store::OpenVendorDatabase(where, Store::vendorFileName(code), ConnectionName);
     if (!db) {
         out.problem = QStringLiteral("The details of vendor %1 could not be read.\n%2").arg(code, db.message());
         return out;
@@ -179,8 +180,8 @@ LoadedDetails LoadVendorDetails(const QString& dataDir, const QString& code) {
     return out;
 }
 
-Result<VendorDetails> SaveVendorDetails(const QString& dataDir, const QString& code, const VendorDetails& details,
-                                        SaveMode mode) {
+Result<VendorDetails> SaveVendorDetails(const Store::StoreLocation& where, const QString& code,
+                                        const VendorDetails& details, SaveMode mode) {
     const auto cannotSave = [&code](const QString& why) {
         return Status::fail(QStringLiteral("The details of vendor %1 could not be saved.\n%2").arg(code, why));
     };
@@ -189,7 +190,8 @@ Result<VendorDetails> SaveVendorDetails(const QString& dataDir, const QString& c
         text = text.trimmed();
 
     ConnectionCloser closer;
-    auto db = Store::OpenVendorDatabase(dataDir, Store::vendorFileName(code), ConnectionName);
+    const QString& dataDir = where.dataDir;
+    auto db = Store::OpenVendorDatabase(where, Store::vendorFileName(code), ConnectionName);
     if (!db)
         return cannotSave(db.message());
 
@@ -378,13 +380,13 @@ QList<FieldSpec> vendorFieldTable() {
     return specs;
 }
 
-Status CreateVendorEntry(const QSqlDatabase& systemDb, const QString& dataDir, const QString& companyName,
+Status CreateVendorEntry(const QSqlDatabase& systemDb, const Store::StoreLocation& where, const QString& companyName,
                          const QString& shortcode) {
     const QString code = shortcode.trimmed();
     const Status added = VendorRepository::addVendor(systemDb, companyName.trimmed(), code);
     if (!added)
         return added;
-    const Status created = Store::CreateVendorDatabase(dataDir, code);
+    const Status created = Store::CreateVendorDatabase(where, code);
     if (created)
         return Status::ok();
     QString message = QStringLiteral("Vendor %1 could not be added because its database could not be created.\n%2")

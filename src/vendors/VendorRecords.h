@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Store.h"
+
 #include "common/Prompter.h"
 #include "common/RecordFields.h"
 #include "common/Status.h"
@@ -100,13 +102,13 @@ struct LoadedDetails {
     VendorDetails details;
     QString problem;
 };
-LoadedDetails LoadVendorDetails(const QString& dataDir, const QString& code);
+LoadedDetails LoadVendorDetails(const Store::StoreLocation& where, const QString& code);
 
 // Writes the details row. New: a fresh row for the vendor with the first order number and the
 // shared order form (or the report imported while adding). Update: rewrites the row, the
 // next order number and the order form included. Returns the details as stored.
-Result<VendorDetails> SaveVendorDetails(const QString& dataDir, const QString& code, const VendorDetails& details,
-                                        SaveMode mode);
+Result<VendorDetails> SaveVendorDetails(const Store::StoreLocation& where, const QString& code,
+                                        const VendorDetails& details, SaveMode mode);
 
 // The identity checks of a new vendor, stopping at the first failure.
 VendorCheck ValidateNewVendor(const QSqlDatabase& systemDb, const QString& companyName, const QString& shortcode);
@@ -122,7 +124,7 @@ QList<FieldSpec> vendorFieldTable();
 
 // Brings a new vendor into existence: its `vendors` row and its own empty database. When the
 // database cannot be made the row is taken out again, so nothing is left half-made.
-Status CreateVendorEntry(const QSqlDatabase& systemDb, const QString& dataDir, const QString& companyName,
+Status CreateVendorEntry(const QSqlDatabase& systemDb, const Store::StoreLocation& where, const QString& companyName,
                          const QString& shortcode);
 
 // data folder + code + "ordform.rpt"

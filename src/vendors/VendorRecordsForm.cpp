@@ -214,7 +214,7 @@ void VendorRecordsForm::loadDetails() {
     const VendorEntry* current = m_vendors.current();
     if (!current)
         return;
-    const auto loaded = VendorRecords::LoadVendorDetails(context().dataDir(), current->code);
+    const auto loaded = VendorRecords::LoadVendorDetails(context().store(), current->code);
     showDetails(loaded.details);
     if (!loaded.problem.isEmpty())
         context().prompter().message(loaded.problem, QString(), MessageIcon::Critical);
@@ -311,7 +311,7 @@ void VendorRecordsForm::saveIdentity() {
     Status created;
     {
         WaitCursor wait;
-        created = VendorRecords::CreateVendorEntry(context().systemDb(), context().dataDir(), company, code);
+        created = VendorRecords::CreateVendorEntry(context().systemDb(), context().store(), company, code);
     }
     if (!created) {
         // Nothing was kept: the user may change the name or code and try again.
@@ -338,7 +338,7 @@ void VendorRecordsForm::saveDetails() {
     Result<VendorDetails> saved = Status::fail(QString());
     {
         WaitCursor wait;
-        saved = VendorRecords::SaveVendorDetails(context().dataDir(), currentCode(), detailsFromBoxes(),
+        saved = VendorRecords::SaveVendorDetails(context().store(), currentCode(), detailsFromBoxes(),
                                                  state() == State::AddingDetails ? SaveMode::New : SaveMode::Update);
     }
     if (!saved) {

@@ -29,7 +29,7 @@ Status VendorSession::open(const QString& code, const QString& name, const std::
     const QString trimmed = code.trimmed();
     if (trimmed.isEmpty())
         return Status::fail(QStringLiteral("No vendor code was given."));
-    auto opened = Store::OpenVendorDatabase(m_context.dataDir(), Store::vendorFileName(trimmed));
+    auto opened = Store::OpenVendorDatabase(m_context.store(), Store::vendorFileName(trimmed));
     if (!opened) {
         DatabaseFile::close(Store::VendorConnection);
         return opened.status();
@@ -59,7 +59,7 @@ void VendorSession::detachDatabase() {
 Status VendorSession::attachDatabase() {
     if (!isOpen())
         return Status::fail(QStringLiteral("No vendor is open."));
-    auto opened = Store::OpenVendorDatabase(m_context.dataDir(), Store::vendorFileName(m_code));
+    auto opened = Store::OpenVendorDatabase(m_context.store(), Store::vendorFileName(m_code));
     if (!opened) {
         DatabaseFile::close(Store::VendorConnection);
         return opened.status();
