@@ -9,14 +9,20 @@ namespace {
 
 constexpr int FieldCount = 6;
 
-std::optional<int> quantity(const QString& text) {
+// A whole number of 1 to 5 characters. Blanks around it are allowed, as the numeric test of the
+// platform the price lists come from allows them (spreadsheets pad columns so), but they count
+// towards the length, since fields are not trimmed; blanks inside the number are not allowed.
+std::optional<int> quantity(QStringView text) {
     if (text.isEmpty() || text.size() > 5)
         return std::nullopt;
-    for (QChar c : text) {
+    const QStringView digits = text.trimmed();
+    if (digits.isEmpty())
+        return std::nullopt;
+    for (QChar c : digits) {
         if (c < QLatin1Char('0') || c > QLatin1Char('9'))
             return std::nullopt;
     }
-    return text.toInt();
+    return digits.toInt();
 }
 
 QDate expiryDate(const QString& text, const QLocale& locale) {
@@ -32,8 +38,7 @@ Status wrong(const QString& field) {
 
 } // namespace
 
-Result<ImportedItem> parseImportLine(const QString& rawLine, const QLocale& locale) {
-    QStringView line(rawLine);
+Result<ImportedItem> parseImportLine(QStringView line, const QLocale& locale) {
     if (line.endsWith(QLatin1Char('\r')))
         line.chop(1);
 
@@ -57,15 +62,16 @@ Result<ImportedItem> parseImportLine(const QString& rawLine, const QLocale& loca
         return wrong(QStringLiteral("description"));
     item.descr = fields[1].toString();
 
-    const auto pack = quantity(fields[2].toString());
+    const auto pack = quantity(fields[2]);
     if (!pack)
         return wrong(QStringLiteral("pack quantity"));
     item.packqty = *pack;
-    const auto def = quantity(fields[3].toString());
+    const auto def = quantity(fields[3]);
     if (!def)
         return wrong(QStringLiteral("default quantity"));
     item.defqty = *def;
 
+    // Blanks around the price are allowed and counted as for the quantities (the parse trims).
     const QString priceText = fields[4].toString();
     const auto price = priceText.size() > 8 ? std::nullopt : Money::parse(priceText, locale);
     if (!price || *price < Money())

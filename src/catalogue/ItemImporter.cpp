@@ -81,7 +81,7 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
 
     QElapsedTimer sinceShown;
     sinceShown.start();
-    QString line;
+    QStringView line;
     int lineNumber = 0;
     while (reader.readLine(line)) {
         lineNumber = reader.lineNumber();
@@ -94,8 +94,8 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
             qCDebug(lcImport) << "line" << lineNumber << "refused:" << item.message();
             if (Status committed = commitBatch(); !committed)
                 return stopWith(ImportOutcome::Stop::DatabaseProblem, committed.message());
-            outcome.badLine = line;
-            return stopWith(ImportOutcome::Stop::IncorrectLine, incorrectLineMessage(path, line));
+            outcome.badLine = line.toString();
+            return stopWith(ImportOutcome::Stop::IncorrectLine, incorrectLineMessage(path, outcome.badLine));
         }
         if (!inBatch) {
             if (!m_db.transaction())
@@ -125,8 +125,6 @@ ImportOutcome ItemImporter::importFile(const QString& path) {
     }
     if (Status committed = commitBatch(); !committed)
         return stopWith(ImportOutcome::Stop::DatabaseProblem, committed.message());
-    if (!reader.failure().isOk())
-        return stopWith(ImportOutcome::Stop::FileProblem, reader.failure().message());
     if (m_progress && lineNumber > 0)
         m_progress(lineNumber);
     return outcome;
