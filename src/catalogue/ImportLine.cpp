@@ -38,7 +38,9 @@ Status wrong(const QString& field) {
 
 } // namespace
 
-Result<ImportedItem> parseImportLine(QStringView line, const QLocale& locale) {
+ImportLineParser::ImportLineParser(QLocale locale) : m_locale(std::move(locale)) {}
+
+Result<ImportedItem> ImportLineParser::parse(QStringView line) {
     if (line.endsWith(QLatin1Char('\r')))
         line.chop(1);
 
@@ -73,16 +75,23 @@ Result<ImportedItem> parseImportLine(QStringView line, const QLocale& locale) {
 
     // Blanks around the price are allowed and counted as for the quantities (the parse trims).
     const QString priceText = fields[4].toString();
-    const auto price = priceText.size() > 8 ? std::nullopt : Money::parse(priceText, locale);
+    const auto price = priceText.size() > 8 ? std::nullopt : Money::parse(priceText, m_locale);
     if (!price || *price < Money())
         return wrong(QStringLiteral("price"));
     item.price = *price;
 
-    const QString expiryText = fields[5].toString();
-    item.expiry = expiryText.isEmpty() ? QDate() : expiryDate(expiryText, locale);
+    if (fields[5] != m_lastExpiryText) {
+        m_lastExpiryText = fields[5].toString();
+        m_lastExpiry = m_lastExpiryText.isEmpty() ? QDate() : expiryDate(m_lastExpiryText, m_locale);
+    }
+    item.expiry = m_lastExpiry;
     if (!item.expiry.isValid())
         return wrong(QStringLiteral("expiry date"));
     return item;
+}
+
+Result<ImportedItem> parseImportLine(QStringView line, const QLocale& locale) {
+    return ImportLineParser(locale).parse(line);
 }
 
 } // namespace ordwell

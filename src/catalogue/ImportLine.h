@@ -28,4 +28,18 @@ struct ImportedItem {
 // read without it.
 Result<ImportedItem> parseImportLine(QStringView line, const QLocale& locale = QLocale());
 
+// Reads the lines of one price list as parseImportLine does. It remembers the last expiry it
+// read: most lines of a price list share their expiry, and reading a date in the locale's format
+// costs more than all the rest of a line.
+class ImportLineParser {
+public:
+    explicit ImportLineParser(QLocale locale = QLocale());
+    Result<ImportedItem> parse(QStringView line);
+
+private:
+    QLocale m_locale;
+    QString m_lastExpiryText;
+    QDate m_lastExpiry;
+};
+
 } // namespace ordwell

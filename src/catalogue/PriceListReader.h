@@ -17,6 +17,10 @@ namespace ordwell {
 class PriceListReader {
 public:
     explicit PriceListReader(QString path);
+    PriceListReader(const PriceListReader&) = delete;
+    PriceListReader& operator=(const PriceListReader&) = delete;
+
+    const QString& path() const { return m_path; }
 
     // Reads and decodes the file: why it cannot be imported (missing, unreadable, or not text in
     // the encoding its byte-order mark names). Nothing is imported from a file that fails here.

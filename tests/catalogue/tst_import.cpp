@@ -161,7 +161,8 @@ private slots:
     }
 
     // abc1 updates ABC1; a price expired before today becomes 0.00 expiring 11 March 2020 and
-    // is counted; one expiring today is kept; a second run of the same file adds nothing.
+    // is counted; one expiring today is kept; of a code given twice the later line stands; a
+    // second run of the same file adds nothing.
     void updatesExpiriesAndRepeats() {
         test::VendorFixture v;
         v.addItem(QStringLiteral("ABC1"), QStringLiteral("9.99"), QDate(2030, 1, 1), QStringLiteral("Old name"));
@@ -169,11 +170,12 @@ private slots:
         QVERIFY(test::writeFile(path, "abc1,New name,12,3,4.25,01/01/2031\n"
                                       "OLD1,Yesterday,1,1,5.00,14/06/2024\n"
                                       "OLD2,Last week,1,1,5.00,08/06/2024\n"
-                                      "NOW1,Today,1,1,7.10,15/06/2024"));
+                                      "NOW1,Today,1,1,7.10,15/06/2024\n"
+                                      "now1,Today again,1,1,7.20,15/06/2024"));
         ItemImporter importer(v.db(), Today);
         ImportOutcome outcome = importer.importFile(path);
         QVERIFY2(outcome.completed(), qPrintable(outcome.message));
-        QCOMPARE(outcome.linesStored, 4);
+        QCOMPARE(outcome.linesStored, 5);
         QCOMPARE(outcome.expiredCount, 2);
         QCOMPARE(codes(v), (QStringList{"ABC1", "NOW1", "OLD1", "OLD2"}));
         const ItemRow abc = item(v, QStringLiteral("ABC1"));
@@ -185,7 +187,8 @@ private slots:
         QCOMPARE(item(v, QStringLiteral("OLD1")).price, QStringLiteral("0.00"));
         QCOMPARE(item(v, QStringLiteral("OLD1")).expiry, QStringLiteral("2020-03-11"));
         QCOMPARE(item(v, QStringLiteral("OLD2")).price, QStringLiteral("0.00"));
-        QCOMPARE(item(v, QStringLiteral("NOW1")).price, QStringLiteral("7.10"));
+        QCOMPARE(item(v, QStringLiteral("NOW1")).descr, QStringLiteral("Today again"));
+        QCOMPARE(item(v, QStringLiteral("NOW1")).price, QStringLiteral("7.20"));
         QCOMPARE(item(v, QStringLiteral("NOW1")).expiry, QStringLiteral("2024-06-15"));
 
         outcome = importer.importFile(path);
@@ -242,14 +245,15 @@ private slots:
         QVERIFY(test::writeFile(path, bytes));
         test::ScriptedPrompter prompter;
         RecordedProgress progress;
-        const Result<int> lines = ItemImport::prepare(path, prompter, progress);
+        PriceListReader priceList(path);
+        const Result<int> lines = ItemImport::prepare(priceList, prompter, progress);
         if (packqty < 0) {
             QVERIFY(!lines);
             QVERIFY2(prompter.lastText().contains(QLatin1String("line 2")), qPrintable(prompter.lastText()));
             return;
         }
         QVERIFY(lines);
-        const ItemImport::Run run = ItemImport::execute(v.db(), path, Today, prompter, progress);
+        const ItemImport::Run run = ItemImport::execute(v.db(), priceList, Today, prompter, progress);
         if (descr.isEmpty()) {
             QCOMPARE(run.outcome.stop, ImportOutcome::Stop::IncorrectLine);
             QCOMPARE(prompter.messages.size(), 1);
@@ -280,7 +284,12 @@ private slots:
         QVERIFY(test::writeFile(bad, "A1,Apple,1,1,3.00,31/12/2030\nB2,Pear,x,1,1.00,31/12/2030\n"));
         test::ScriptedPrompter prompter;
         RecordedProgress progress;
-        ItemImport::Run run = ItemImport::execute(v.db(), bad, Today, prompter, progress);
+        auto execute = [&](const QString& path) {
+            PriceListReader priceList(path);
+            return priceList.open() ? ItemImport::execute(v.db(), priceList, Today, prompter, progress)
+                                    : ItemImport::Run{};
+        };
+        ItemImport::Run run = execute(bad);
         QCOMPARE(prompter.messages.size(), 1);
         QCOMPARE(prompter.messages[0].text, incorrect(bad, QStringLiteral("B2,Pear,x,1,1.00,31/12/2030")));
         QCOMPARE(prompter.messages[0].title, QStringLiteral("Incorrect File format"));
@@ -292,7 +301,7 @@ private slots:
         const QString good = v.folders().desktopDir() + QStringLiteral("/good.csv");
         QVERIFY(test::writeFile(good, "A1,Apple,1,1,3.00,31/12/2030\nB2,Pear,1,1,1.00,01/01/2020\n"));
         prompter.clear();
-        run = ItemImport::execute(v.db(), good, Today, prompter, progress);
+        run = execute(good);
         QCOMPARE(run.ordersUpdated, 2);
         QCOMPARE(prompter.texts(), QStringList{QStringLiteral("2 order values have been updated")});
         QCOMPARE(progress.resetPrices, expiredPricesText(1));
