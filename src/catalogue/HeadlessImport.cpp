@@ -79,10 +79,11 @@ int run(const Options& options, QTextStream& out, QTextStream& err) {
         return refuse(err, opened.message().section(QLatin1Char('\n'), 0, 0));
 
     ConsoleProgress progress(out);
-    if (!ItemImport::prepare(path, prompter, progress))
+    PriceListReader priceList(path);
+    if (!ItemImport::prepare(priceList, prompter, progress))
         return Stopped;
     const ItemImport::Run result =
-        ItemImport::execute(context.vendorDb(), path, QDate::currentDate(), prompter, progress);
+        ItemImport::execute(context.vendorDb(), priceList, QDate::currentDate(), prompter, progress);
     return result.outcome.completed() ? Imported : Stopped;
 }
 

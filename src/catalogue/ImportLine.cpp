@@ -9,14 +9,20 @@ namespace {
 
 constexpr int FieldCount = 6;
 
-std::optional<int> quantity(const QString& text) {
+// A whole number of 1 to 5 characters. Blanks around it are allowed, as the numeric test of the
+// platform the price lists come from allows them (spreadsheets pad columns so), but they count
+// towards the length, since fields are not trimmed; blanks inside the number are not allowed.
+std::optional<int> quantity(QStringView text) {
     if (text.isEmpty() || text.size() > 5)
         return std::nullopt;
-    for (QChar c : text) {
+    const QStringView digits = text.trimmed();
+    if (digits.isEmpty())
+        return std::nullopt;
+    for (QChar c : digits) {
         if (c < QLatin1Char('0') || c > QLatin1Char('9'))
             return std::nullopt;
     }
-    return text.toInt();
+    return digits.toInt();
 }
 
 QDate expiryDate(const QString& text, const QLocale& locale) {
@@ -32,8 +38,9 @@ Status wrong(const QString& field) {
 
 } // namespace
 
-Result<ImportedItem> parseImportLine(const QString& rawLine, const QLocale& locale) {
-    QStringView line(rawLine);
+ImportLineParser::ImportLineParser(QLocale locale) : m_locale(std::move(locale)) {}
+
+Result<ImportedItem> ImportLineParser::parse(QStringView line) {
     if (line.endsWith(QLatin1Char('\r')))
         line.chop(1);
 
@@ -57,26 +64,34 @@ Result<ImportedItem> parseImportLine(const QString& rawLine, const QLocale& loca
         return wrong(QStringLiteral("description"));
     item.descr = fields[1].toString();
 
-    const auto pack = quantity(fields[2].toString());
+    const auto pack = quantity(fields[2]);
     if (!pack)
         return wrong(QStringLiteral("pack quantity"));
     item.packqty = *pack;
-    const auto def = quantity(fields[3].toString());
+    const auto def = quantity(fields[3]);
     if (!def)
         return wrong(QStringLiteral("default quantity"));
     item.defqty = *def;
 
+    // Blanks around the price are allowed and counted as for the quantities (the parse trims).
     const QString priceText = fields[4].toString();
-    const auto price = priceText.size() > 8 ? std::nullopt : Money::parse(priceText, locale);
+    const auto price = priceText.size() > 8 ? std::nullopt : Money::parse(priceText, m_locale);
     if (!price || *price < Money())
         return wrong(QStringLiteral("price"));
     item.price = *price;
 
-    const QString expiryText = fields[5].toString();
-    item.expiry = expiryText.isEmpty() ? QDate() : expiryDate(expiryText, locale);
+    if (fields[5] != m_lastExpiryText) {
+        m_lastExpiryText = fields[5].toString();
+        m_lastExpiry = m_lastExpiryText.isEmpty() ? QDate() : expiryDate(m_lastExpiryText, m_locale);
+    }
+    item.expiry = m_lastExpiry;
     if (!item.expiry.isValid())
         return wrong(QStringLiteral("expiry date"));
     return item;
+}
+
+Result<ImportedItem> parseImportLine(QStringView line, const QLocale& locale) {
+    return ImportLineParser(locale).parse(line);
 }
 
 } // namespace ordwell

@@ -21,10 +21,25 @@ struct ImportedItem {
 
 // Reads one line of a price list: six fields split at the first five commas (the sixth is the
 // rest of the line), not trimmed, checked in field order: code (upper-cased, 1-25 capitals and
-// digits), description (1-55 characters), pack and default quantities (1-5 digits), price (1-8
-// characters, a number of the locale, not below zero) and expiry (a date: the locale's short
-// form or yyyy-MM-dd). The failure names the first field that is wrong. A line ending in a
-// carriage return is read without it.
-Result<ImportedItem> parseImportLine(const QString& line, const QLocale& locale = QLocale());
+// digits), description (1-55 characters), pack and default quantities (1-5 characters, a whole
+// number), price (1-8 characters, a number of the locale, not below zero) and expiry (a date:
+// the locale's short form or yyyy-MM-dd). Numbers may have blanks around them, within their
+// length. The failure names the first field that is wrong. A line ending in a carriage return is
+// read without it.
+Result<ImportedItem> parseImportLine(QStringView line, const QLocale& locale = QLocale());
+
+// Reads the lines of one price list as parseImportLine does. It remembers the last expiry it
+// read: most lines of a price list share their expiry, and reading a date in the locale's format
+// costs more than all the rest of a line.
+class ImportLineParser {
+public:
+    explicit ImportLineParser(QLocale locale = QLocale());
+    Result<ImportedItem> parse(QStringView line);
+
+private:
+    QLocale m_locale;
+    QString m_lastExpiryText;
+    QDate m_lastExpiry;
+};
 
 } // namespace ordwell

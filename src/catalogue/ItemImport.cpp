@@ -6,28 +6,28 @@
 
 namespace ordwell::ItemImport {
 
-Result<int> prepare(const QString& path, Prompter& prompter, ImportProgress& progress) {
-    const Result<int> lines = [&path] {
+Result<int> prepare(PriceListReader& priceList, Prompter& prompter, ImportProgress& progress) {
+    const Status opened = [&priceList] {
         WaitCursor wait;
-        return PriceListReader::countLines(path);
+        return priceList.open();
     }();
-    if (!lines) {
-        prompter.message(lines.message(), ItemImporter::IncorrectLineTitle, MessageIcon::Critical);
-        return lines;
+    if (!opened) {
+        prompter.message(opened.message(), ItemImporter::IncorrectLineTitle, MessageIcon::Critical);
+        return opened;
     }
-    progress.showLineCount(*lines);
+    progress.showLineCount(priceList.lineCount());
     progress.showInfo(UploadingText);
-    return lines;
+    return priceList.lineCount();
 }
 
-Run execute(const QSqlDatabase& vendorDb, const QString& path, const QDate& today, Prompter& prompter,
+Run execute(const QSqlDatabase& vendorDb, PriceListReader& priceList, const QDate& today, Prompter& prompter,
             ImportProgress& progress) {
     Run run;
     ItemImporter importer(vendorDb, today);
     importer.setProgress([&progress](int line) { progress.showLine(line); }, std::chrono::milliseconds(150));
     {
         WaitCursor wait;
-        run.outcome = importer.importFile(path);
+        run.outcome = importer.importLines(priceList);
     }
     switch (run.outcome.stop) {
     case ImportOutcome::Stop::None:

@@ -2,6 +2,7 @@
 
 #include "ImportProgress.h"
 #include "ItemImporter.h"
+#include "PriceListReader.h"
 #include "common/Prompter.h"
 
 #include <QDate>
@@ -25,12 +26,14 @@ struct Run {
     int ordersUpdated = 0;
 };
 
-// Step before the import proper: the line count, or the reason the file cannot be imported
-// (already told to the user through `prompter`).
-Result<int> prepare(const QString& path, Prompter& prompter, ImportProgress& progress);
+// Step before the import proper: the file read and its lines counted, or the reason it cannot be
+// imported (already told to the user through `prompter`). The file is read only here; `execute`
+// imports what was read.
+Result<int> prepare(PriceListReader& priceList, Prompter& prompter, ImportProgress& progress);
 
-// The import proper and what follows it. Failures are told through `prompter`.
-Run execute(const QSqlDatabase& vendorDb, const QString& path, const QDate& today, Prompter& prompter,
+// The import proper of a prepared price list and what follows it. Failures are told through
+// `prompter`.
+Run execute(const QSqlDatabase& vendorDb, PriceListReader& priceList, const QDate& today, Prompter& prompter,
             ImportProgress& progress);
 
 } // namespace ItemImport

@@ -1,6 +1,7 @@
 #include "ItemImportCommand.h"
 
 #include "ItemImport.h"
+#include "PriceListReader.h"
 #include "UploadForm.h"
 #include "shell/AppContext.h"
 #include "shell/FileChooser.h"
@@ -29,11 +30,13 @@ void ImportItems(AppContext& context, MainWindow& mainWindow) {
     frame->setAttribute(Qt::WA_DeleteOnClose);
     frame->setWindowIcon(mainWindow.windowIcon());
 
-    if (ItemImport::prepare(path, context.prompter(), *form)) {
+    PriceListReader priceList(path);
+    if (ItemImport::prepare(priceList, context.prompter(), *form)) {
         frame->adjustSize();
         mainWindow.CentreInMainWindow(frame);
         frame->show();
-        const ItemImport::Run run = ItemImport::execute(context.vendorDb(), path, today, context.prompter(), *form);
+        const ItemImport::Run run =
+            ItemImport::execute(context.vendorDb(), priceList, today, context.prompter(), *form);
         if (form && run.outcome.completed())
             form->finish();
         else if (form)

@@ -2,43 +2,45 @@
 
 #include "common/Status.h"
 
-#include <QFile>
+#include <QByteArray>
 #include <QString>
-#include <QStringDecoder>
+#include <QStringView>
 
 namespace ordwell {
 
-// Reads a price list line by line as text. The file is UTF-8 unless a byte-order mark says
-// otherwise (UTF-16 and UTF-32 are read too; a UTF-8 mark is skipped). Lines end at a line
-// feed; a carriage return before it (Windows line ends) is dropped. A last line without a line
-// feed still counts; a file ending in a line feed has no empty line after it.
+// Reads a price list line by line as text. The file is read whole when it is opened, because
+// only all of it tells its encoding: a byte-order mark names UTF-8, UTF-16 or UTF-32; without
+// one the file is UTF-8 when all of it is valid UTF-8, and otherwise it is read in the Windows
+// code page (windows-1252), which is what spreadsheet programs on Windows save a "CSV" file in.
+// Lines end at a line feed; a carriage return before it (Windows line ends) is dropped. A last
+// line without a line feed still counts; a file ending in a line feed has no empty line after it.
 class PriceListReader {
 public:
     explicit PriceListReader(QString path);
+    PriceListReader(const PriceListReader&) = delete;
+    PriceListReader& operator=(const PriceListReader&) = delete;
 
+    const QString& path() const { return m_path; }
+
+    // Reads and decodes the file: why it cannot be imported (missing, unreadable, or not text in
+    // the encoding its byte-order mark names). Nothing is imported from a file that fails here.
     Status open();
-    // False at the end of the file or when the bytes stop being readable text (see failure()).
+    // How many lines the opened file has.
+    int lineCount() const { return m_lineCount; }
+    // False at the end of the file. The view stays valid while the reader lives.
+    bool readLine(QStringView& line);
     bool readLine(QString& line);
-    // Set when text could not be decoded: the message names the file and the line.
-    const Status& failure() const { return m_failure; }
+    // The number of the line read last.
     int lineNumber() const { return m_lineNumber; }
 
-    // Reads the whole file once: how many lines it has, or why it cannot be imported (missing,
-    // unreadable, not text in a known encoding). Nothing is imported from a file that fails here.
     static Result<int> countLines(const QString& path);
 
 private:
-    bool fill();
-
     QString m_path;
-    QFile m_file;
-    QStringDecoder m_decoder;
-    QString m_buffer;
+    QString m_text;
     qsizetype m_position = 0;
-    bool m_started = false;
-    bool m_atEnd = false;
+    int m_lineCount = 0;
     int m_lineNumber = 0;
-    Status m_failure;
 };
 
 } // namespace ordwell

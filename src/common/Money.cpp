@@ -34,9 +34,9 @@ std::optional<Money> Money::parse(const QString& input, const QLocale& locale) {
         const QChar c = text.at(i);
         if (c.isDigit() && c.unicode() < 128) {
             (seenPoint ? fraction : whole).append(c);
-        } else if (!seenPoint && QString(c) == decimal) {
+        } else if (!seenPoint && QStringView(&c, 1) == decimal) {
             seenPoint = true;
-        } else if (!seenPoint && !group.isEmpty() && QString(c) == group && !whole.isEmpty()) {
+        } else if (!seenPoint && !group.isEmpty() && QStringView(&c, 1) == group && !whole.isEmpty()) {
             continue;
         } else {
             return std::nullopt;

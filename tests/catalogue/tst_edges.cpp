@@ -49,6 +49,7 @@ private slots:
             << QStringLiteral("A1,") + test::edgeText(QStringLiteral("\u00df"), Emoji, 55, 2) + rest << false << true;
         QTest::newRow("emoji one unit over")
             << QStringLiteral("A1,") + test::edgeText(QStringLiteral("\u00df"), Emoji, 55, 1) + rest << false << false;
+        QTest::newRow("quotes, backslash, tab") << QStringLiteral("A1,\"Bolt\" 3\\4\tM8") + rest << false << true;
         QTest::newRow("56 ASCII") << QStringLiteral("A1,") + QString(56, QLatin1Char('d')) + rest << false << false;
         QTest::newRow("largest quantities") << QStringLiteral("A1,Bolt,99999,99999,2.50,31/12/2030") << false << true;
         QTest::newRow("pack of six digits") << QStringLiteral("A1,Bolt,100000,1,2.50,31/12/2030") << false << false;

@@ -161,7 +161,8 @@ private slots:
     }
 
     // abc1 updates ABC1; a price expired before today becomes 0.00 expiring 11 March 2020 and
-    // is counted; one expiring today is kept; a second run of the same file adds nothing.
+    // is counted; one expiring today is kept; of a code given twice the later line stands; a
+    // second run of the same file adds nothing.
     void updatesExpiriesAndRepeats() {
         test::VendorFixture v;
         v.addItem(QStringLiteral("ABC1"), QStringLiteral("9.99"), QDate(2030, 1, 1), QStringLiteral("Old name"));
@@ -169,11 +170,12 @@ private slots:
         QVERIFY(test::writeFile(path, "abc1,New name,12,3,4.25,01/01/2031\n"
                                       "OLD1,Yesterday,1,1,5.00,14/06/2024\n"
                                       "OLD2,Last week,1,1,5.00,08/06/2024\n"
-                                      "NOW1,Today,1,1,7.10,15/06/2024"));
+                                      "NOW1,Today,1,1,7.10,15/06/2024\n"
+                                      "now1,Today again,1,1,7.20,15/06/2024"));
         ItemImporter importer(v.db(), Today);
         ImportOutcome outcome = importer.importFile(path);
         QVERIFY2(outcome.completed(), qPrintable(outcome.message));
-        QCOMPARE(outcome.linesStored, 4);
+        QCOMPARE(outcome.linesStored, 5);
         QCOMPARE(outcome.expiredCount, 2);
         QCOMPARE(codes(v), (QStringList{"ABC1", "NOW1", "OLD1", "OLD2"}));
         const ItemRow abc = item(v, QStringLiteral("ABC1"));
@@ -185,7 +187,8 @@ private slots:
         QCOMPARE(item(v, QStringLiteral("OLD1")).price, QStringLiteral("0.00"));
         QCOMPARE(item(v, QStringLiteral("OLD1")).expiry, QStringLiteral("2020-03-11"));
         QCOMPARE(item(v, QStringLiteral("OLD2")).price, QStringLiteral("0.00"));
-        QCOMPARE(item(v, QStringLiteral("NOW1")).price, QStringLiteral("7.10"));
+        QCOMPARE(item(v, QStringLiteral("NOW1")).descr, QStringLiteral("Today again"));
+        QCOMPARE(item(v, QStringLiteral("NOW1")).price, QStringLiteral("7.20"));
         QCOMPARE(item(v, QStringLiteral("NOW1")).expiry, QStringLiteral("2024-06-15"));
 
         outcome = importer.importFile(path);
@@ -196,46 +199,76 @@ private slots:
                                 "\u00a30.00"));
     }
 
-    // Windows line ends, a byte-order mark or UTF-16 import as plain UTF-8 would; bytes that are
-    // not UTF-8 are refused before anything is written, naming the line.
-    void encodingsAndLineEnds_data() {
+    // What spreadsheet programs save: Windows line ends, a byte-order mark, UTF-16, or the
+    // Windows code page (not UTF-8) all import with their characters; numbers padded with blanks
+    // are numbers as long as the padding fits the field's length, and a blank inside one is not.
+    void spreadsheetFiles_data() {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("lines"); // -1: refused
+        QTest::addColumn<QString>("descr"); // P1's description, or empty when the first line is refused
+        QTest::addColumn<int>("packqty");   // -1: the file is refused before anything is read
+        QTest::addColumn<QString>("price");
         const QString text =
             QStringLiteral("P1,Cr\u00e8me br\u00fbl\u00e9e,1,1,2.00,31/12/2030\nP2,Tea,1,1,1.00,31/12/2030\n");
-        QTest::newRow("utf-8") << text.toUtf8() << 2;
-        QTest::newRow("crlf") << QString(text).replace(QStringLiteral("\n"), QStringLiteral("\r\n")).toUtf8() << 2;
-        QTest::newRow("no final line end") << text.chopped(1).toUtf8() << 2;
-        QTest::newRow("utf-8 mark") << QByteArray("\xEF\xBB\xBF") + text.toUtf8() << 2;
+        const QString creme = QStringLiteral("Cr\u00e8me br\u00fbl\u00e9e");
+        QTest::newRow("utf-8") << text.toUtf8() << creme << 1 << "2.00";
+        QTest::newRow("crlf") << QString(text).replace(QStringLiteral("\n"), QStringLiteral("\r\n")).toUtf8() << creme
+                              << 1 << "2.00";
+        QTest::newRow("no final line end") << text.chopped(1).toUtf8() << creme << 1 << "2.00";
+        QTest::newRow("utf-8 mark") << QByteArray("\xEF\xBB\xBF") + text.toUtf8() << creme << 1 << "2.00";
         QStringEncoder utf16(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
-        QTest::newRow("utf-16 with mark") << QByteArray(utf16(text)) << 2;
-        QTest::newRow("latin-1") << QByteArray("P1,Tea,1,1,2.00,31/12/2030\nP2,Cr\xE8me,1,1,1.00,31/12/2030\n") << -1;
+        QTest::newRow("utf-16 with mark") << QByteArray(utf16(text)) << creme << 1 << "2.00";
+        // The non-UTF-8 bytes come after a valid first line: the whole file is one code page.
+        QTest::newRow("windows-1252") << QByteArray("P2,Tea,1,1,1.00,31/12/2030\r\nP1,Cr\xE8me \x80 \xA3 \x93"
+                                                    "best\x94,1,1,2.00,31/12/2030\r\n")
+                                      << QStringLiteral("Cr\u00e8me \u20ac \u00a3 \u201cbest\u201d") << 1 << "2.00";
+        QTest::newRow("padded numbers") << QByteArray("P1,Tea, 12 ,2  ,  2.00,31/12/2030\nP2,Tea,1,1,1.00,31/12/2030\n")
+                                        << "Tea" << 12 << "2.00";
+        QTest::newRow("padded to the limit")
+            << QByteArray("P1,Tea,  123,1, 1234.50,31/12/2030\n") << "Tea" << 123 << "1234.50";
+        QTest::newRow("padding past the limit") << QByteArray("P1,Tea,   123,1,1.00,31/12/2030\n") << "" << 0 << "";
+        QTest::newRow("price padded past the limit")
+            << QByteArray("P1,Tea,1,1,  1234.50,31/12/2030\n") << "" << 0 << "";
+        QTest::newRow("blank inside a quantity") << QByteArray("P1,Tea,1 2,1,1.00,31/12/2030\n") << "" << 0 << "";
+        QTest::newRow("blank inside a price") << QByteArray("P1,Tea,1,1,1 .00,31/12/2030\n") << "" << 0 << "";
+        QTest::newRow("only blanks") << QByteArray("P1,Tea,1,   ,1.00,31/12/2030\n") << "" << 0 << "";
+        QTest::newRow("utf-8 mark on other bytes")
+            << QByteArray("\xEF\xBB\xBFP2,Tea,1,1,1.00,31/12/2030\nP1,Cr\xE8me,1,1,1.00,31/12/2030\n") << "" << -1
+            << "";
     }
-    void encodingsAndLineEnds() {
+    void spreadsheetFiles() {
         QFETCH(QByteArray, bytes);
-        QFETCH(int, lines);
+        QFETCH(QString, descr);
+        QFETCH(int, packqty);
+        QFETCH(QString, price);
         test::VendorFixture v;
         const QString path = v.folders().desktopDir() + QStringLiteral("/list.csv");
         QVERIFY(test::writeFile(path, bytes));
         test::ScriptedPrompter prompter;
         RecordedProgress progress;
-        const Result<int> counted = ItemImport::prepare(path, prompter, progress);
-        if (lines < 0) {
-            QVERIFY(!counted);
-            QCOMPARE(prompter.messages.size(), 1);
+        PriceListReader priceList(path);
+        const Result<int> lines = ItemImport::prepare(priceList, prompter, progress);
+        if (packqty < 0) {
+            QVERIFY(!lines);
             QVERIFY2(prompter.lastText().contains(QLatin1String("line 2")), qPrintable(prompter.lastText()));
-            QVERIFY(prompter.lastText().contains(QLatin1String("UTF-8")));
+            return;
+        }
+        QVERIFY(lines);
+        const ItemImport::Run run = ItemImport::execute(v.db(), priceList, Today, prompter, progress);
+        if (descr.isEmpty()) {
+            QCOMPARE(run.outcome.stop, ImportOutcome::Stop::IncorrectLine);
+            QCOMPARE(prompter.messages.size(), 1);
+            QCOMPARE(prompter.messages[0].title, QStringLiteral("Incorrect File format"));
             QCOMPARE(v.count(QStringLiteral("items")), 0);
             return;
         }
-        QCOMPARE(*counted, lines);
-        QCOMPARE(progress.lineCount, lines);
-        const ItemImport::Run run = ItemImport::execute(v.db(), path, Today, prompter, progress);
         QVERIFY2(run.outcome.completed(), qPrintable(run.outcome.message));
         QVERIFY(prompter.messages.isEmpty());
-        QCOMPARE(codes(v), (QStringList{"P1", "P2"}));
-        QCOMPARE(item(v, QStringLiteral("P1")).descr, QStringLiteral("Cr\u00e8me br\u00fbl\u00e9e"));
-        QCOMPARE(item(v, QStringLiteral("P2")).expiry, QStringLiteral("2030-12-31"));
+        QCOMPARE(progress.lineCount, run.outcome.linesStored);
+        const ItemRow p1 = item(v, QStringLiteral("P1"));
+        QCOMPARE(p1.descr, descr);
+        QCOMPARE(p1.packqty, packqty);
+        QCOMPARE(p1.price, price);
+        QCOMPARE(p1.expiry, QStringLiteral("2030-12-31"));
     }
 
     // After a good import: the expired-price report, the revaluation with its message and the
@@ -251,7 +284,12 @@ private slots:
         QVERIFY(test::writeFile(bad, "A1,Apple,1,1,3.00,31/12/2030\nB2,Pear,x,1,1.00,31/12/2030\n"));
         test::ScriptedPrompter prompter;
         RecordedProgress progress;
-        ItemImport::Run run = ItemImport::execute(v.db(), bad, Today, prompter, progress);
+        auto execute = [&](const QString& path) {
+            PriceListReader priceList(path);
+            return priceList.open() ? ItemImport::execute(v.db(), priceList, Today, prompter, progress)
+                                    : ItemImport::Run{};
+        };
+        ItemImport::Run run = execute(bad);
         QCOMPARE(prompter.messages.size(), 1);
         QCOMPARE(prompter.messages[0].text, incorrect(bad, QStringLiteral("B2,Pear,x,1,1.00,31/12/2030")));
         QCOMPARE(prompter.messages[0].title, QStringLiteral("Incorrect File format"));
@@ -263,7 +301,7 @@ private slots:
         const QString good = v.folders().desktopDir() + QStringLiteral("/good.csv");
         QVERIFY(test::writeFile(good, "A1,Apple,1,1,3.00,31/12/2030\nB2,Pear,1,1,1.00,01/01/2020\n"));
         prompter.clear();
-        run = ItemImport::execute(v.db(), good, Today, prompter, progress);
+        run = execute(good);
         QCOMPARE(run.ordersUpdated, 2);
         QCOMPARE(prompter.texts(), QStringList{QStringLiteral("2 order values have been updated")});
         QCOMPARE(progress.resetPrices, expiredPricesText(1));
