@@ -1,5 +1,6 @@
 #include "ImportLine.h"
 
+#include "catalogue/ScanReading.h"
 #include "common/Dates.h"
 #include "common/TextChecks.h"
 
@@ -54,6 +55,12 @@ Result<ImportedItem> ImportLineParser::parse(QStringView line) {
         start = comma + 1;
     }
     fields[FieldCount - 1] = line.mid(start);
+    // Six-field lists read as they always did; a seventh field, after one more comma, is a GTIN.
+    QStringView gtinField;
+    if (const qsizetype comma = fields[FieldCount - 1].indexOf(QLatin1Char(',')); comma >= 0) {
+        gtinField = fields[FieldCount - 1].mid(comma + 1);
+        fields[FieldCount - 1] = fields[FieldCount - 1].left(comma);
+    }
 
     ImportedItem item;
     item.code = UpperCaseCode(fields[0].toString());
@@ -87,6 +94,13 @@ Result<ImportedItem> ImportLineParser::parse(QStringView line) {
     item.expiry = m_lastExpiry;
     if (!item.expiry.isValid())
         return wrong(QStringLiteral("expiry date"));
+
+    const QString gtin = gtinField.trimmed().toString();
+    if (!gtin.isEmpty()) {
+        if (!Gtin::hasGtinLength(gtin) || !Gtin::checkDigitIsRight(gtin))
+            return wrong(QStringLiteral("GTIN"));
+        item.gtin = Gtin::to14(gtin);
+    }
     return item;
 }
 

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QLoggingCategory>
 #include <QSqlQuery>
 #include <algorithm>
@@ -17,17 +18,19 @@ namespace {
 Q_LOGGING_CATEGORY(lcImport, "ordwell.import", QtWarningMsg)
 
 // One statement per batch, its lines handed over as one JSON array of [code, descr, packqty,
-// defqty, price, priceexp] rows: binding six values per line through the driver costs more than
+// defqty, price, priceexp, gtin] rows (gtin null when the line gives none, which keeps the
+// item's own): binding six values per line through the driver costs more than
 // storing the line. A new code adds a row, a known one has everything but its code overwritten;
 // codes compare without regard to case, as the key does. Rows are taken in file order, so when
 // a code comes twice the later line wins, as it would line by line. ("WHERE true" keeps SQLite
 // from reading ON CONFLICT as part of a join.)
 const QString UpsertBatchSql =
-    QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
-                   "SELECT value ->> 0, value ->> 1, value ->> 2, value ->> 3, value ->> 4, value ->> 5 "
-                   "FROM json_each(?) WHERE true "
+    QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp, gtin) "
+                   "SELECT value ->> 0, value ->> 1, value ->> 2, value ->> 3, value ->> 4, value ->> 5, "
+                   "value ->> 6 FROM json_each(?) WHERE true "
                    "ON CONFLICT (code) DO UPDATE SET descr = excluded.descr, packqty = excluded.packqty, "
-                   "defqty = excluded.defqty, price = excluded.price, priceexp = excluded.priceexp");
+                   "defqty = excluded.defqty, price = excluded.price, priceexp = excluded.priceexp, "
+                   "gtin = coalesce(excluded.gtin, items.gtin)");
 
 // Pages of the catalogue SQLite may keep in memory while the import runs, in KiB. A batch
 // rewrites index pages all over the catalogue (descriptions and expiries are in no order);
@@ -93,6 +96,11 @@ public:
             m_lastExpiryText = Dates::toStored(expiry);
         }
         appendJsonString(m_json, m_lastExpiryText);
+        m_json += QLatin1Char(',');
+        if (item.gtin.isEmpty())
+            m_json += QStringLiteral("null");
+        else
+            appendJsonString(m_json, item.gtin);
         m_json += QLatin1Char(']');
         ++m_lines;
     }
@@ -160,6 +168,21 @@ ImportOutcome ItemImporter::importLines(PriceListReader& reader) {
     if (!transaction.isActive())
         return stopWith(ImportOutcome::Stop::DatabaseProblem, Sql::describe(m_db.lastError()));
     Sql::Statement upsert(m_db, UpsertBatchSql);
+    // A GTIN belongs to one item: the catalogue's holder, or the line that gave it earlier.
+    Sql::Statement gtinHolder(m_db, QStringLiteral("SELECT code FROM items WHERE gtin = ?"));
+    QHash<QString, QString> gtinsGiven;
+    auto gtinTakenElsewhere = [&](const ImportedItem& item) {
+        if (item.gtin.isEmpty())
+            return false;
+        QString holder = gtinsGiven.value(item.gtin);
+        if (holder.isEmpty() && gtinHolder.exec({item.gtin}) && gtinHolder.query().next())
+            holder = gtinHolder.query().value(0).toString();
+        gtinHolder.query().finish();
+        if (!holder.isEmpty() && holder.compare(item.code, Qt::CaseInsensitive) != 0)
+            return true;
+        gtinsGiven.insert(item.gtin, item.code);
+        return false;
+    };
     ImportLineParser parser(m_locale);
     Batch batch;
     int written = 0; // lines written, stored only once the transaction is committed
@@ -202,7 +225,9 @@ ImportOutcome ItemImporter::importLines(PriceListReader& reader) {
             m_progress(lineNumber);
             sinceShown.restart();
         }
-        const Result<ImportedItem> item = parser.parse(line);
+        Result<ImportedItem> item = parser.parse(line);
+        if (item && gtinTakenElsewhere(*item))
+            item = Status::fail(QStringLiteral("its GTIN belongs to another item"));
         if (!item) {
             qCDebug(lcImport) << "line" << lineNumber << "refused:" << item.message();
             if (Status stored = storeAll(); !stored)

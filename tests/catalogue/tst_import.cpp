@@ -109,7 +109,13 @@ private slots:
                                    << "expiry";
         QTest::newRow("no such day") << "AB12,Widget,6,2,12.50,31/02/2030"
                                      << "expiry";
-        QTest::newRow("expiry with a comma") << "AB12,Widget,6,2,12.50,31/12/2030,x"
+        QTest::newRow("GTIN after the expiry") << "AB12,Widget,6,2,12.50,31/12/2030,4006381333931"
+                                               << "";
+        QTest::newRow("GTIN misread") << "AB12,Widget,6,2,12.50,31/12/2030,4006381333932"
+                                      << "GTIN";
+        QTest::newRow("GTIN of letters") << "AB12,Widget,6,2,12.50,31/12/2030,x"
+                                         << "GTIN";
+        QTest::newRow("comma in the expiry") << "AB12,Widget,6,2,12.50,31/12,2030"
                                              << "expiry";
     }
     void lineRules() {
@@ -124,6 +130,7 @@ private slots:
             QCOMPARE(parsed->defqty, 2);
             QCOMPARE(parsed->price.toPlainString(), QStringLiteral("12.50"));
             QCOMPARE(parsed->expiry, QDate(2030, 12, 31));
+            QCOMPARE(parsed->gtin, line.count(QLatin1Char(',')) == 6 ? QStringLiteral("04006381333931") : QString());
         } else {
             QVERIFY(!parsed.isOk());
             QVERIFY2(parsed.message().contains(refused), qPrintable(parsed.message()));
@@ -197,6 +204,38 @@ private slots:
         QCOMPARE(expiredPricesText(2),
                  QStringLiteral("There were 2 expired prices, these items prices have been set to "
                                 "\u00a30.00"));
+    }
+
+    // A seventh field gives the item its GTIN; a six-field line leaves the stored one; a GTIN
+    // another item holds, in the catalogue or earlier in the file, makes the line incorrect.
+    void gtinsFromTheSeventhField() {
+        test::VendorFixture v;
+        v.addItem(QStringLiteral("KEEP"), QStringLiteral("1.00"));
+        v.addItem(QStringLiteral("HOLD"), QStringLiteral("1.00"));
+        QVERIFY(Sql::run(v.db(), QStringLiteral("UPDATE items SET gtin = CASE code WHEN 'KEEP' THEN '05012345670003' "
+                                                "ELSE '05012345670010' END")));
+        const QString path = v.folders().desktopDir() + QStringLiteral("/list.csv");
+        QVERIFY(test::writeFile(path, "KEEP,Kept,1,1,2.00,31/12/2030\n"
+                                      "NEW1,New,1,1,2.00,31/12/2030,5012345670027\n"
+                                      "HOLD,Held,1,1,2.00,31/12/2030,05012345670010\n"
+                                      "NEW2,Again,1,1,2.00,31/12/2030,5012345670027\n"));
+        ItemImporter importer(v.db(), Today);
+        const ImportOutcome outcome = importer.importFile(path);
+        QCOMPARE(outcome.stop, ImportOutcome::Stop::IncorrectLine);
+        QCOMPARE(outcome.linesStored, 3);
+        auto gtinOf = [&v](const char* code) {
+            return Sql::scalar(v.db(), QStringLiteral("SELECT gtin FROM items WHERE code = ?"),
+                               {QString::fromLatin1(code)})
+                ->toString();
+        };
+        QCOMPARE(gtinOf("KEEP"), QStringLiteral("05012345670003"));
+        QCOMPARE(gtinOf("NEW1"), QStringLiteral("05012345670027"));
+        QCOMPARE(gtinOf("HOLD"), QStringLiteral("05012345670010"));
+        QCOMPARE(v.count(QStringLiteral("items")), 3);
+
+        QVERIFY(test::writeFile(path, "NEW3,Taken,1,1,2.00,31/12/2030,5012345670003\n"));
+        QCOMPARE(importer.importFile(path).stop, ImportOutcome::Stop::IncorrectLine);
+        QCOMPARE(v.count(QStringLiteral("items")), 3);
     }
 
     // What spreadsheet programs save: Windows line ends, a byte-order mark, UTF-16, or the
