@@ -21,6 +21,7 @@
 #include <QSqlQuery>
 #include <QStorageInfo>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QUuid>
 
 #include <archive.h>
@@ -257,26 +258,38 @@ la_ssize_t writeToSink(archive*, void* client, const void* buffer, size_t length
 // Copies one database consistently into `staging` and describes the copy. VACUUM INTO reads
 // inside one transaction, so a writer elsewhere is either wholly in the copy or not at all.
 Outcome stageDatabase(const QString& source, const QString& copy, FileRecord& record) {
-    {
-        OwnConnection connection(source, true);
-        if (!connection.isOpen())
-            return fail(Problem::Failed, QStringLiteral("The database \"%1\" could not be opened: %2")
-                                             .arg(native(source), Sql::describe(connection.openError())));
+    OwnConnection connection(source, true);
+    if (!connection.isOpen())
+        return fail(Problem::Failed, QStringLiteral("The database \"%1\" could not be opened: %2")
+                                         .arg(native(source), Sql::describe(connection.openError())));
+    // A writer that commits again and again can keep the copy from ever getting its read lock
+    // within the busy wait; it gets a few more chances before the backup gives up.
+    QSqlError error;
+    for (int attempt = 0; attempt < 8; ++attempt) {
+        if (attempt > 0) {
+            QFile::remove(copy);
+            QThread::msleep(100);
+        }
         QSqlQuery vacuum(connection.db());
-        bool copied = vacuum.prepare(QStringLiteral("VACUUM INTO ?"));
-        if (copied) {
+        if (vacuum.prepare(QStringLiteral("VACUUM INTO ?"))) {
             vacuum.addBindValue(copy);
-            copied = vacuum.exec();
+            if (vacuum.exec()) {
+                error = QSqlError();
+                break;
+            }
         }
-        if (!copied) {
-            const QSqlError error = vacuum.lastError();
-            // A full disk is the user's to sort out and is told as such; anything else is ours.
-            if (Sql::classify(error) == Sql::Refusal::DiskFull || diskIsFull(QFileInfo(copy).absolutePath()))
-                return fail(Problem::DiskFull, QString());
-            Sql::logFailure(error, QStringLiteral("VACUUM INTO"));
-            return fail(Problem::Failed, QStringLiteral("The database \"%1\" could not be copied: %2")
-                                             .arg(native(source), Sql::describe(error)));
-        }
+        error = vacuum.lastError();
+        if (Sql::classify(error) != Sql::Refusal::Busy)
+            break;
+    }
+    if (error.isValid()) {
+        // A full disk is the user's to sort out and is told as such; anything else is ours.
+        if (Sql::classify(error) == Sql::Refusal::DiskFull || diskIsFull(QFileInfo(copy).absolutePath()))
+            return fail(Problem::DiskFull, QString());
+        Sql::logFailure(error, QStringLiteral("VACUUM INTO"));
+        return fail(
+            Problem::Failed,
+            QStringLiteral("The database \"%1\" could not be copied: %2").arg(native(source), Sql::describe(error)));
     }
     if (const QString problem = inspectDatabase(copy, record); !problem.isEmpty())
         return fail(Problem::Failed,
@@ -404,8 +417,14 @@ public:
     Outcome openAndReadManifest() {
         if (!QFileInfo(m_path).isFile())
             return fail(Problem::Missing, QStringLiteral("The backup file \"%1\" does not exist.").arg(native(m_path)));
-        if (archive_read_open_filename(m_archive.get(), QFile::encodeName(m_path).constData(), 64 * 1024) !=
-            ARCHIVE_OK) {
+#ifdef Q_OS_WIN
+        const int opened = archive_read_open_filename_w(
+            m_archive.get(), reinterpret_cast<const wchar_t*>(QDir::toNativeSeparators(m_path).utf16()), 64 * 1024);
+#else
+        const int opened =
+            archive_read_open_filename(m_archive.get(), QFile::encodeName(m_path).constData(), 64 * 1024);
+#endif
+        if (opened != ARCHIVE_OK) {
             // The format is recognised as the file is opened: a file of no format we read fails here.
             if (archive_errno(get()) == UnrecognisedFormat)
                 return fail(Problem::NotABackup, notABackup(m_path));
@@ -738,25 +757,29 @@ Outcome restoreBackup(const QString& archivePath, const QString& dataDir) {
         lock->unlock();
     const QString aside =
         hasCurrent ? uniqueSibling(parent, QStringLiteral(".%1-before-restore-").arg(baseName)) : QString();
+    // Puts the old folder back after a failed swap, and says where the data is.
+    const auto putBack = [&]() -> QString {
+        if (!hasCurrent)
+            return QString();
+        if (QDir().rename(aside, live))
+            return untouched();
+        return QStringLiteral(" The current data is kept in \"%1\"; move it back to \"%2\" by hand.")
+            .arg(native(aside), native(live));
+    };
     if (hasCurrent && !QDir().rename(live, aside))
         return fail(Problem::Failed,
                     QStringLiteral("The data folder \"%1\" could not be moved aside.").arg(native(live)) + untouched());
-    if (!QDir().rename(staged.path(), live)) {
-        if (hasCurrent)
-            QDir().rename(aside, live);
+    if (!QDir().rename(staged.path(), live))
         return fail(Problem::Failed,
                     QStringLiteral("The restored data could not be put in place of \"%1\".").arg(native(live)) +
-                        untouched());
-    }
+                        putBack());
     staged.setAutoRemove(false);
     if (const QString problem = proveOpens(live, manifest); !problem.isEmpty()) {
         const QString failed = uniqueSibling(parent, QStringLiteral(".%1-failed-restore-").arg(baseName));
-        QDir().rename(live, failed);
-        QDir(failed).removeRecursively();
-        if (hasCurrent)
-            QDir().rename(aside, live);
+        if (QDir().rename(live, failed))
+            QDir(failed).removeRecursively();
         return fail(Problem::Failed,
-                    QStringLiteral("The restored data could not be opened: %1").arg(problem) + untouched());
+                    QStringLiteral("The restored data could not be opened: %1").arg(problem) + putBack());
     }
     DatabaseFile::restrictToOwner(live, true);
     if (!hasCurrent)
