@@ -1,5 +1,6 @@
 #include "catalogue/HeadlessImport.h"
 #include "reports/HeadlessReport.h"
+#include "shell/HeadlessBackup.h"
 #include "shell/Options.h"
 #include "shell/Program.h"
 
@@ -31,6 +32,16 @@ int main(int argc, char* argv[]) {
             return 2;
         }
         return ordwell::renderReportHeadless(argc, argv, early);
+    }
+    if (!early.backupFile.isEmpty() || !early.restoreFile.isEmpty()) {
+        QCoreApplication app(argc, argv);
+        QTextStream out(stdout);
+        QTextStream err(stderr);
+        if (!early.error.isEmpty()) {
+            err << early.error << Qt::endl;
+            return ordwell::HeadlessBackup::BadArguments;
+        }
+        return ordwell::HeadlessBackup::run(early, out, err);
     }
     if (!early.importFile.isEmpty() || !early.vendorCode.isEmpty()) {
         // A command-line import needs no display.

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 #include "common/PendingEvents.h"
 
+#include "shell/BackupCommands.h"
 #include "shell/MenuMasks.h"
 #include "shell/SplashWindow.h"
 #include "shell/ToolWindow.h"
@@ -29,6 +30,7 @@ struct MenuEntry {
     const char* name;
     const char* caption; // "-" is a separator
     const char* shortcut;
+    bool masked = true; // driven by the menu masks; the others are always available
 };
 
 struct TopMenu {
@@ -43,6 +45,9 @@ const QList<TopMenu>& menuTree() {
          "&File",
          {{"mnuswven", "&Swich Vendor", "Ctrl+S"},
           {"mnuFileBar1", "-", ""},
+          {"mnuBackup", "Back &Up Data...", "", false},
+          {"mnuRestore", "&Restore Data...", "", false},
+          {"mnuFileBarBackup", "-", ""},
           {"mnuabout", "&About", ""},
           {"mnuFileExit", "E&xit", "Ctrl+X"}}},
         {"mnuOrders",
@@ -118,7 +123,8 @@ void MainWindow::buildMenus() {
                 action = menu->addAction(QString::fromLatin1(e.caption));
                 if (*e.shortcut)
                     action->setShortcut(QKeySequence(QString::fromLatin1(e.shortcut)));
-                m_maskedEntries.append(action);
+                if (e.masked)
+                    m_maskedEntries.append(action);
                 connect(action, &QAction::triggered, this, [this, name] { triggerMenu(name); });
             }
             action->setObjectName(name);
@@ -374,6 +380,8 @@ void MainWindow::shutDown() {
     m_exiting = true;
     m_context.vendorSession().close();
     m_context.closeSystemDb();
+    // Still holding the lock, so no other copy starts on the data while it is copied.
+    BackupCommands::backUpOnExit(m_context);
     m_context.releaseSystemLock();
 }
 

@@ -7,6 +7,7 @@
 #include "reports/ReportWindows.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
+#include "shell/BackupCommands.h"
 #include "shell/MainWindow.h"
 #include "shell/Maintenance.h"
 #include "vendors/DeactivateVendorForm.h"
@@ -46,6 +47,10 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnucompsys"),
                               [&mainWindow, &context] { Maintenance::compactSystem(context, mainWindow); });
     mainWindow.setMenuHandler(QStringLiteral("mnucompvend"), [&context] { Maintenance::compactVendor(context); });
+
+    mainWindow.setMenuHandler(QStringLiteral("mnuBackup"), [&context] { BackupCommands::backUpData(context); });
+    mainWindow.setMenuHandler(QStringLiteral("mnuRestore"),
+                              [&mainWindow, &context] { BackupCommands::restoreData(context, mainWindow); });
 
     // The vendor chooser.
     mainWindow.setMenuHandler(QStringLiteral("mnuswven"), singleWindow<VendorChooserForm>(mainWindow, context));

@@ -39,6 +39,13 @@ QString applyReportParameters(Options& options, const QStringList& values) {
 
 // The options that only make sense together, once every option has been read.
 QString checkCombinations(const Options& options) {
+    const bool backupRun = !options.backupFile.isEmpty() || !options.restoreFile.isEmpty();
+    if (!options.backupFile.isEmpty() && !options.restoreFile.isEmpty())
+        return S("--backup and --restore are separate runs.");
+    if (backupRun &&
+        (!options.importFile.isEmpty() || !options.renderReport.isEmpty() || !options.vendorCode.isEmpty() ||
+         !options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
+        return S("--backup and --restore take only --data-dir and --settings.");
     if (!options.importFile.isEmpty() && !options.renderReport.isEmpty())
         return S("--import-items and --render-report are separate runs.");
     if (!options.renderReport.isEmpty()) {
@@ -93,6 +100,14 @@ const std::vector<OptionSpec>& optionTable() {
          applyReportParameters},
         {{S("pdf")}, S("FILE"), S("The PDF file --render-report writes."),
          [](Options& o, const QStringList& v) { o.pdfOutput = last(v); return QString(); }},
+        {{S("backup")}, S("FILE"),
+         S("Write a backup of the data folder (databases, report files, agreement) to the archive FILE "
+           "and exit, with no window (exit 0 written, 1 not written, 2 bad arguments)."),
+         [](Options& o, const QStringList& v) { o.backupFile = last(v); return QString(); }},
+        {{S("restore")}, S("FILE"),
+         S("Check the backup archive FILE whole, then put its data in place of the data folder's and exit, "
+           "with no window; refused while Ordwell runs (exit 0 restored, 1 refused, 2 bad arguments)."),
+         [](Options& o, const QStringList& v) { o.restoreFile = last(v); return QString(); }},
     };
     // clang-format on
     return table;

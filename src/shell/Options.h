@@ -21,6 +21,8 @@ struct Options {
     QString renderReport; // --render-report: a report file to turn into a PDF, with no window
     QList<std::pair<QString, QString>> reportParameters; // --param name=value, in order
     QString pdfOutput;                                   // --pdf: where that PDF goes
+    QString backupFile;                                  // --backup: archive the data folder here, then end
+    QString restoreFile;                                 // --restore: replace the data by this archive, then end
     bool showHelp = false;
     bool showVersion = false;
     QString helpText;

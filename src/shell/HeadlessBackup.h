@@ -1,0 +1,21 @@
+#pragma once
+
+#include "shell/Options.h"
+
+#include <QTextStream>
+
+namespace ordwell {
+
+// `ordwell [--data-dir DIR] --backup FILE` and `--restore FILE`: the backup and the restore
+// with no window, for scripts and scheduled jobs. Needs no display.
+//
+// Exit codes: 0 done (a line saying so on standard output); 1 refused or failed, with the
+// reason on standard error and the data as it was. Bad arguments (2) are main()'s business.
+namespace HeadlessBackup {
+
+enum ExitCode { Done = 0, Refused = 1, BadArguments = 2 };
+
+int run(const Options& options, QTextStream& out, QTextStream& err);
+
+} // namespace HeadlessBackup
+} // namespace ordwell
