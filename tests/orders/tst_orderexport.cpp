@@ -1,6 +1,7 @@
-// The export core at its edges: desktops that cannot take the file, no temporary file left,
-// prices and records whatever the texts hold. The orders a user exports, odd ones included,
-// are the export form's tests.
+// The export core: every field of the records in its place and the lines in line order, and
+// the edges (desktops that cannot take the file, no temporary file left, prices and records
+// whatever the texts hold). One-space notes and a file already on the desktop are the export
+// form's tests.
 #include "OrderDataFixture.h"
 #include "orders/ExportRecords.h"
 #include "orders/OrderExport.h"
@@ -13,10 +14,24 @@ using namespace ordwell;
 
 namespace {
 const QString Id = QStringLiteral("ABC1000000");
+const QString From = QStringLiteral("FROM:,Head Office,,1 High St,,,Kent,CT11AA,Ann,01234 567890,ann@example.org");
+const QString To =
+    QStringLiteral("TO:,CUST7,Acme Supplies,2 Mill Lane,,Leeds,Yorks,LS11AA,Rob Rep,0113 000,,Cat,,,cat@acme.example");
 } // namespace
 
 class TestOrderExport : public test::StrictTest {
     Q_OBJECT
+
+    // The records of the file written for the order, split at CR LF (the last one empty).
+    static QStringList exported(test::OrderDataFixture& f) {
+        const QByteArray bytes = test::fileContents(QDir(f.desktopDir()).filePath(Id + QStringLiteral(".csv")));
+        QStringList records = QString::fromUtf8(bytes).split(QStringLiteral("\r\n"));
+        if (records.last().isEmpty())
+            records.removeLast();
+        else
+            records << QStringLiteral("(last record without CR LF)");
+        return records;
+    }
 
     static OrderExport::ExportResult exportOrder(test::OrderDataFixture& f, const QString& desktop = {}) {
         return OrderExport::ExportOrder(f.systemDb(), f.vendorDb(), f.ctx().CurrentVendorName,
@@ -25,6 +40,50 @@ class TestOrderExport : public test::StrictTest {
 
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
+
+    // No lines: five records; empty fields keep their commas, so FROM has 10 fields and TO 14.
+    void orderWithoutLines() {
+        test::OrderDataFixture f;
+        f.addOrder(Id, QStringLiteral("P"));
+        const auto result = exportOrder(f);
+        QCOMPARE(result.outcome, OrderExport::Outcome::Exported);
+        QCOMPARE(result.path, QDir(f.desktopDir()).filePath(QStringLiteral("ABC1000000.csv")));
+        const QStringList records = exported(f);
+        QCOMPARE(records, (QStringList{From, To, QStringLiteral("ORDER:,ABC1000000,11/03/2020,Ann,REF1,0.00"),
+                                       QStringLiteral("NOTES:,"), QStringLiteral("NOTES:,")}));
+        QCOMPARE(records[0].count(QLatin1Char(',')), 10);
+        QCOMPARE(records[1].count(QLatin1Char(',')), 14);
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
+        QCOMPARE(OrderExport::CompleteText(Id),
+                 QStringLiteral("The order ABC1000000 has been exported to the desktop sucessfully"));
+    }
+
+    // Lines in line order: a deleted item, a cancelled line, grouping commas left unquoted;
+    // live lines follow the order to "X", the cancelled one stays "C".
+    void linesAsWritten() {
+        test::OrderDataFixture f;
+        f.addItem(QStringLiteral("A100"), QStringLiteral("Blue pens box"), Money::fromPence(150));
+        f.addItem(QStringLiteral("B200"), QStringLiteral("Gone"), Money::fromPence(70000));
+        f.addItem(QStringLiteral("C300"), QStringLiteral("Red ink, bottled"), Money::fromPence(225));
+        f.addOrder(Id, QStringLiteral("X"), Money::fromPence(140450), QStringLiteral("Ring first"),
+                   QStringLiteral("Back door"));
+        f.addLine(Id, 2, QStringLiteral("B200"), 2, Money::fromPence(70000), QStringLiteral("X"));
+        f.addLine(Id, 1, QStringLiteral("A100"), 3, Money::fromPence(150), QStringLiteral("X"));
+        f.addLine(Id, 3, QStringLiteral("C300"), 0, Money::fromPence(225), QStringLiteral("C"));
+        f.removeItem(QStringLiteral("B200"));
+
+        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
+        QCOMPARE(exported(f).mid(2), (QStringList{
+                                         QStringLiteral("ORDER:,ABC1000000,11/03/2020,Ann,REF1,1,404.50"),
+                                         QStringLiteral("NOTES:,Ring first"),
+                                         QStringLiteral("NOTES:,Back door"),
+                                         QStringLiteral("LINE:1,A100,Blue pens box,3,1.5,4.50"),
+                                         QStringLiteral("LINE:2,B200,No Item Found!,2,700,1,400.00"),
+                                         QStringLiteral("LINE:3,C300,Red ink, bottled,0,2.25,0.00"),
+                                     }));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("XXC"));
+    }
 
     // A desktop that is missing or cannot take the file: a message naming it, no file, no
     // change to the order.
