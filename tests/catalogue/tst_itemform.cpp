@@ -1,13 +1,11 @@
+#include "CatalogueSession.h"
 #include "catalogue/ItemForm.h"
 #include "common/Dates.h"
 #include "common/FormHelpers.h"
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuMasks.h"
-#include "store/Store.h"
 #include "support/TestSupport.h"
-#include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QApplication>
@@ -30,15 +28,10 @@ const QString Expired = QStringLiteral("The price has already expired, please en
 const QString Duplicate =
     QStringLiteral("A Duplicate item code has been detected, please choose a different item code");
 
-// The main window with vendor ABC open and its item window opened from the menu.
-class Desk {
+// The main window with a vendor open and its item window opened from the menu.
+class Desk : public test::CatalogueSession {
 public:
     explicit Desk(const QStringList& codes = {}) {
-        test::storeOrganisationDetails(ctx());
-        VendorRepository::addVendor(ctx().systemDb(), QStringLiteral("Acme Ltd"), QStringLiteral("ABC"));
-        Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("ABC"));
-        window = test::openMainWindow(ctx());
-        ctx().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Ltd"));
         for (const QString& code : codes)
             addItem(code, 125000);
         open();
@@ -56,8 +49,6 @@ public:
         form->setToday(Today);
     }
 
-    AppContext& ctx() { return tc.context(); }
-    test::ScriptedPrompter& prompter() { return tc.prompter(); }
     QLineEdit* box(int i) { return test::child<QLineEdit>(form, QStringLiteral("txtbox_%1").arg(i)); }
     QPushButton* button(int i) { return test::child<QPushButton>(form, QStringLiteral("cmdbutton_%1").arg(i)); }
     void press(int i) {
@@ -107,8 +98,6 @@ public:
             ->toString();
     }
 
-    test::TestContext tc;
-    std::unique_ptr<MainWindow> window;
     QPointer<ItemForm> form;
 };
 

@@ -106,6 +106,13 @@ QString OrderSession::orderStatus(const QString& orderId) {
     return value(QStringLiteral("SELECT status FROM orderhead WHERE orderid = ?"), {orderId}).toString();
 }
 
+QString OrderSession::lineStatuses(const QString& orderId) {
+    QString text;
+    for (const StoredLine& line : lines(orderId))
+        text += line.status;
+    return text;
+}
+
 Money OrderSession::orderTotal(const QString& orderId) {
     return Money::fromTenThousandths(
         value(QStringLiteral("SELECT totalval FROM orderhead WHERE orderid = ?"), {orderId}).toLongLong());

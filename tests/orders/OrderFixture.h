@@ -49,6 +49,8 @@ public:
     // Stored values, read back.
     QVariant value(const QString& sql, const QVariantList& values = {});
     QString orderStatus(const QString& orderId);
+    // The lines' statuses in line order, e.g. "LLC".
+    QString lineStatuses(const QString& orderId);
     Money orderTotal(const QString& orderId);
     struct StoredLine {
         int line;

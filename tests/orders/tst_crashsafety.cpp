@@ -1,6 +1,7 @@
 // Killing the program during line entry loses no confirmed line: a second process runs the
-// whole program, enters lines and is killed outright; the program started again recovers
-// the live order with every line it had confirmed.
+// whole program, starts an order by its keys, enters lines and is killed outright with more
+// half typed; the program started again recovers the live order with every line it had
+// confirmed and nothing else, lets entry go on, and Exit ends the entry of all of it.
 #include "common/Sql.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderWords.h"
@@ -25,7 +26,11 @@ using namespace ordwell;
 namespace {
 
 const QString ChildSwitch = QStringLiteral("--entry-child");
-const QStringList Codes = {QStringLiteral("A1"), QStringLiteral("B2"), QStringLiteral("C3")};
+const QString OrderNumber = QStringLiteral("ABC1000000");
+// Code and quantity of each line confirmed before the kill; "D4" is entered after recovery.
+const QList<std::pair<QString, QString>> Confirmed = {{QStringLiteral("A1"), QStringLiteral("4")},
+                                                      {QStringLiteral("B2"), QStringLiteral("12")},
+                                                      {QStringLiteral("C3"), QStringLiteral("1")}};
 
 // Nobody is there to read the child's messages; a question is answered No.
 class QuietPrompter : public Prompter {
@@ -47,8 +52,25 @@ OrderForm* waitForOrderForm(MainWindow* window) {
     return form;
 }
 
-// The child: the whole program on the given folders, a new order, its lines entered by
-// scanner keys; each confirmed line is reported on standard output. Then it waits to be killed.
+void key(int k, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key(k), modifiers);
+}
+void type(const QString& text) {
+    QTest::keyClicks(QApplication::focusWidget(), text);
+}
+
+// A code, Enter, the quantity typed over the offered one, Enter: the keys a user gives a line.
+void enterLine(const QString& code, const QString& qty) {
+    type(code);
+    key(Qt::Key_Return);
+    key(Qt::Key_A, Qt::ControlModifier);
+    type(qty);
+    key(Qt::Key_Return);
+}
+
+// The child: the whole program on the given folders; Ctrl+N starts an order, a contact name
+// and Enter through the header reach "Start Order", lines are keyed in, each reported on
+// standard output once confirmed. Then something unconfirmed is typed and it waits to be killed.
 int runChild(int argc, char** argv) {
     QApplication app(argc, argv);
     test::initTestEnvironment();
@@ -61,27 +83,35 @@ int runChild(int argc, char** argv) {
     Program program(options, &prompter);
     if (!program.start())
         return 3;
-    AppContext& context = program.context();
-    const auto opened = VendorChooser::openVendor(context, QStringLiteral("ABC"), QStringLiteral("Acme Supplies"));
+    const auto opened =
+        VendorChooser::openVendor(program.context(), QStringLiteral("ABC"), QStringLiteral("Acme Supplies"));
     if (!opened || *opened)
         return 4;
-    context.openOrderForm(OrderMode::New);
-    OrderForm* form = waitForOrderForm(program.mainWindow());
-    if (!form)
+    MainWindow* window = program.mainWindow();
+    window->activateWindow();
+    if (!QTest::qWaitForWindowActive(window))
         return 5;
-    QTest::mouseClick(form->ui().cmdstartorder, Qt::LeftButton);
-    for (const QString& code : Codes) {
-        QTest::keyClicks(QApplication::focusWidget(), code);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        if (auto* quantity = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
-            quantity->selectAll();
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("4"));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClick(window, Qt::Key_N, Qt::ControlModifier);
+    if (!waitForOrderForm(window))
+        return 6;
+    type(QStringLiteral("Ann"));
+    for (int i = 0; i < 4; ++i)
+        key(Qt::Key_Return);
+    key(Qt::Key_Space);
+    for (const auto& [code, qty] : Confirmed) {
+        enterLine(code, qty);
         std::printf("confirmed %s\n", qPrintable(code));
         std::fflush(stdout);
     }
-    // A fourth code half typed when the end comes.
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("A"));
+    if (QString::fromLocal8Bit(argv[5]) == QLatin1String("quantity")) {
+        // A known code's quantity being typed over.
+        type(QStringLiteral("A1"));
+        key(Qt::Key_Return);
+        key(Qt::Key_A, Qt::ControlModifier);
+        type(QStringLiteral("7"));
+    } else {
+        type(QStringLiteral("D"));
+    }
     std::printf("typing\n");
     std::fflush(stdout);
     return app.exec();
@@ -91,12 +121,24 @@ int runChild(int argc, char** argv) {
 
 class TestCrashSafety : public QObject {
     Q_OBJECT
+
+    // Stored values of the order, read back.
+    static QString orderValue(AppContext& context, const QString& sql) {
+        return Sql::scalar(context.vendorDb(), sql, {OrderNumber})->toString();
+    }
+
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
+    void killedDuringEntryRecoversEveryConfirmedLine_data() {
+        QTest::addColumn<QString>("unconfirmed");
+        QTest::newRow("a code half typed") << "code";
+        QTest::newRow("a known code's quantity being typed") << "quantity";
+    }
     void killedDuringEntryRecoversEveryConfirmedLine() {
+        QFETCH(QString, unconfirmed);
         test::TestFolders folders;
-        // The system database, the organisation and vendor ABC with three items.
+        // The system database, the organisation and vendor ABC with four items at 1.50.
         {
             test::ScriptedPrompter prompter;
             AppContext context(folders.dataDir(), folders.settingsFile(), prompter);
@@ -110,7 +152,8 @@ private slots:
                 db, QStringLiteral(
                         "INSERT INTO vendor (vendorid, customerid, add1, county, postcode, repname, nextord, ordform) "
                         "VALUES ('ABC', 'C1', '1 Road', 'Kent', 'CT1 1AA', 'Rep', 1000000, 'ordform.rpt')")));
-            for (const QString& code : Codes)
+            for (const QString& code :
+                 {QStringLiteral("A1"), QStringLiteral("B2"), QStringLiteral("C3"), QStringLiteral("D4")})
                 QVERIFY(Sql::run(db,
                                  QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
                                                 "VALUES (?, ?, 1, 1, 15000, '2099-01-01')"),
@@ -122,7 +165,7 @@ private slots:
         QProcess child;
         child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         child.start(QCoreApplication::applicationFilePath(),
-                    {ChildSwitch, folders.dataDir(), folders.desktopDir(), folders.settingsFile()});
+                    {ChildSwitch, folders.dataDir(), folders.desktopDir(), folders.settingsFile(), unconfirmed});
         QVERIFY(child.waitForStarted(10000));
         QByteArray said;
         QVERIFY2(QTest::qWaitFor(
@@ -132,7 +175,8 @@ private slots:
                      },
                      60000),
                  said.constData());
-        QVERIFY2(said.contains("typing"), said.constData());
+        QVERIFY2(said.contains("typing"),
+                 qPrintable(QStringLiteral("%1 (exit %2)").arg(QString::fromLatin1(said)).arg(child.exitCode())));
         ::kill(static_cast<pid_t>(child.processId()), SIGKILL);
         QVERIFY(child.waitForFinished(10000));
         QCOMPARE(child.exitStatus(), QProcess::CrashExit);
@@ -144,26 +188,47 @@ private slots:
         AppContext& context = program.context();
         const auto opened = VendorChooser::openVendor(context, QStringLiteral("ABC"), QStringLiteral("Acme Supplies"));
         QVERIFY(opened && *opened);
+        program.mainWindow()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(program.mainWindow()));
         context.openOrderForm(OrderMode::Live);
         OrderForm* form = waitForOrderForm(program.mainWindow());
         QVERIFY(form);
         const OrderFormControls& ui = form->ui();
-        QCOMPARE(ui.txtheader[Header::OrderNumber]->text(), QStringLiteral("ABC1000000"));
+        QCOMPARE(ui.txtheader[Header::OrderNumber]->text(), OrderNumber);
+        QCOMPARE(ui.txtheader[Header::ContactName]->text(), QStringLiteral("Ann"));
         QCOMPARE(ui.txtheader[Header::Status]->text(), QStringLiteral("L - Live"));
-        QCOMPARE(ui.txtheader[Header::Total]->text(), QStringLiteral("18.00"));
-        for (int i = 0; i < Codes.size(); ++i) {
-            QCOMPARE(ui.flxitems->item(i + 1, 1)->text(), Codes[i]);
-            QCOMPARE(ui.flxitems->item(i + 1, 3)->text(), QStringLiteral("4"));
+        QCOMPARE(ui.txtheader[Header::Total]->text(), QStringLiteral("25.50"));
+        for (int i = 0; i < Confirmed.size(); ++i) {
+            QCOMPARE(ui.flxitems->item(i + 1, 1)->text(), Confirmed[i].first);
+            QCOMPARE(ui.flxitems->item(i + 1, 3)->text(), Confirmed[i].second);
         }
         QVERIFY(ui.flxitems->item(4, 1)->text().isEmpty());
-        QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order recovered"));
-        QTest::mouseClick(ui.cmdbutton[MainButton::Exit], Qt::LeftButton);
+        QCOMPARE(ui.lblinfo->text(), QStringLiteral("Order recovered"));
+        QCOMPARE(
+            orderValue(context, QStringLiteral("SELECT group_concat(code || ':' || qty, ' ') FROM "
+                                               "(SELECT code, qty FROM orderline WHERE orderid = ? ORDER BY line)")),
+            QStringLiteral("A1:4 B2:12 C3:1"));
+        QCOMPARE(orderValue(context, QStringLiteral("SELECT count(*) FROM orderhead WHERE orderid <> ?")),
+                 QStringLiteral("0"));
+
+        // Entry goes on from the code box; Exit ends it, the order and all its lines "E".
+        QCOMPARE(QApplication::focusWidget(), ui.txtitem[Entry::Code]);
+        enterLine(QStringLiteral("D4"), QStringLiteral("2"));
+        QCOMPARE(orderValue(context, QStringLiteral("SELECT totalval FROM orderhead WHERE orderid = ?")),
+                 QString::number(19 * 15000));
+        key(Qt::Key_X, Qt::AltModifier);
+        QTRY_COMPARE(orderValue(context, QStringLiteral("SELECT status FROM orderhead WHERE orderid = ?")),
+                     QStringLiteral("E"));
+        QCOMPARE(orderValue(context, QStringLiteral(
+                                         "SELECT group_concat(code || ':' || qty || status, ' ') FROM "
+                                         "(SELECT code, qty, status FROM orderline WHERE orderid = ? ORDER BY line)")),
+                 QStringLiteral("A1:4E B2:12E C3:1E D4:2E"));
         context.vendorSession().close();
     }
 };
 
 int main(int argc, char** argv) {
-    if (argc >= 5 && QString::fromLocal8Bit(argv[1]) == ChildSwitch)
+    if (argc >= 6 && QString::fromLocal8Bit(argv[1]) == ChildSwitch)
         return runChild(argc, argv);
     QApplication app(argc, argv);
     TestCrashSafety test;

@@ -69,13 +69,6 @@ class TestExportForm : public test::StrictTest {
         return list;
     }
 
-    static QString lineStatuses(OrderSession& s) {
-        QString text;
-        for (const auto& line : s.lines(Id))
-            text += line.status;
-        return text;
-    }
-
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
@@ -150,7 +143,7 @@ private slots:
         const QStringList written = records(QDir(s.ctx().DesktopPath).filePath(QStringLiteral("ABC0000001.csv")));
         QCOMPARE(written, (QStringList{From, To} + expected));
         QCOMPARE(s.orderStatus(Id), OrderStatus::Exported);
-        QCOMPARE(lineStatuses(s), statusesAfter);
+        QCOMPARE(s.lineStatuses(Id), statusesAfter);
         QCOMPARE(s.header(6)->text(), QStringLiteral("X - EXPORTED"));
         QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order exported"));
         s.click(form->ui().cmdbutton[MainButton::Exit]);
@@ -183,7 +176,7 @@ private slots:
         }
         const QByteArray before = test::fileContents(path);
         const QString status = s.orderStatus(Id);
-        const QString statuses = lineStatuses(s);
+        const QString statuses = s.lineStatuses(Id);
 
         s.prompter().expect(QStringLiteral("Are you sure you want to export this order?"), MessageAnswer::Yes);
         s.prompter().expect(QStringLiteral("The export file already exists on your desktop, please remove this file "
@@ -194,7 +187,7 @@ private slots:
         QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order export failed"));
         QCOMPARE(test::fileContents(path), before);
         QCOMPARE(s.orderStatus(Id), status);
-        QCOMPARE(lineStatuses(s), statuses);
+        QCOMPARE(s.lineStatuses(Id), statuses);
         QCOMPARE(s.header(0)->text(), Id);
         s.click(form->ui().cmdbutton[MainButton::Exit]);
     }

@@ -1,3 +1,7 @@
+// The export core: every field of the records in its place and the lines in line order, and
+// the edges (desktops that cannot take the file, no temporary file left, prices and records
+// whatever the texts hold). One-space notes and a file already on the desktop are the export
+// form's tests.
 #include "OrderDataFixture.h"
 #include "orders/ExportRecords.h"
 #include "orders/OrderExport.h"
@@ -79,27 +83,6 @@ private slots:
                                      }));
         QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
         QCOMPARE(f.lineStatuses(Id), QStringLiteral("XXC"));
-    }
-
-    // A note of one space is dropped in the first line and kept in the second.
-    void oneSpaceNotes() {
-        test::OrderDataFixture f;
-        f.addOrder(Id, QStringLiteral("P"), {}, QStringLiteral(" "), QStringLiteral(" "));
-        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
-        QCOMPARE(exported(f).mid(3), (QStringList{QStringLiteral("NOTES:,"), QStringLiteral("NOTES:, ")}));
-    }
-
-    // The file on the desktop refuses a second export and is left as it was; so is the order.
-    void secondExportRefused() {
-        test::OrderDataFixture f;
-        f.addOrder(Id, QStringLiteral("P"));
-        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
-        const QString path = QDir(f.desktopDir()).filePath(QStringLiteral("ABC1000000.csv"));
-        QVERIFY(test::writeFile(path, "edited by hand"));
-        f.exec(QStringLiteral("UPDATE orderhead SET status = 'P'"));
-        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::FileExists);
-        QCOMPARE(test::fileContents(path), QByteArray("edited by hand"));
-        QCOMPARE(f.orderStatus(Id), QStringLiteral("P"));
     }
 
     // A desktop that is missing or cannot take the file: a message naming it, no file, no

@@ -282,26 +282,12 @@ private slots:
         f.button(Form::Edit)->click();
         QCOMPARE(f.shown(), QStringLiteral("Adding/Editing Record 011000000"));
         QCOMPARE(QApplication::focusWidget(), f.box(F::CustomerId));
-        // Each refusal keeps the focus; each pass moves it on, from the last box to Save.
-        const struct {
-            F box;
-            const char* typed;
-            const char* message;
-            QWidget* next;
-        } steps[] = {
-            {F::CustomerId, "", "Please enter a customer ID", f.box(F::CustomerId)},
-            {F::CustomerId, "C9", "", f.box(F::Address1)},
-            {F::Postcode, "ct1-1aa", "Please enter a valid postcode", f.box(F::Postcode)},
-            {F::Postcode, "ct1 1aa", "", f.box(F::RepName)},
-            {F::ContactFax, "01234-5", "Please enter a valid phone number", f.box(F::ContactFax)},
-            {F::ContactEmail, "", "", f.button(Form::Save)},
-        };
-        for (const auto& step : steps) {
-            QCOMPARE(f.enter(f.box(step.box), QString::fromLatin1(step.typed)), QString::fromLatin1(step.message));
-            QCOMPARE(QApplication::focusWidget(), step.next);
-            if (*step.message)
-                QCOMPARE(f.prompter().messages.last().title, QStringLiteral("Invalid Data"));
-        }
+        // Each box's empty refusal and focus move are the next test's; here, a postcode's form,
+        // and a passing one kept in capitals.
+        QVERIFY(f.enter(f.box(F::CustomerId), QStringLiteral("C9")).isEmpty());
+        QCOMPARE(f.enter(f.box(F::Postcode), QStringLiteral("ct1-1aa")),
+                 QStringLiteral("Please enter a valid postcode"));
+        QVERIFY(f.enter(f.box(F::Postcode), QStringLiteral("ct1 1aa")).isEmpty());
         QCOMPARE(f.box(F::Postcode)->text(), QStringLiteral("CT1 1AA"));
 
         // The close box stands for Cancel while editing: the stored details come back.
