@@ -72,6 +72,8 @@ void backUpData(AppContext& context) {
 }
 
 void restoreData(AppContext& context, MainWindow& mainWindow) {
+    if (leftToTheServer(context, RestoreTitle))
+        return;
     Prompter& prompter = context.prompter();
     // Every window works on the open connections; they must be gone before the files are.
     if (context.OpenWindowCount > 0 || !mainWindow.mdiArea()->subWindowList().isEmpty()) {
@@ -129,7 +131,7 @@ void restoreData(AppContext& context, MainWindow& mainWindow) {
 
 void backUpOnExit(AppContext& context) {
     const int kept = backupsKept(context);
-    if (kept <= 0 || !QFileInfo::exists(Store::systemDatabasePath(context.dataDir())))
+    if (kept <= 0 || context.store().onServer() || !QFileInfo::exists(Store::systemDatabasePath(context.dataDir())))
         return;
     Backup::Outcome outcome;
     {
