@@ -28,6 +28,20 @@ QString withSuffix(const QString& path) {
     return path + Backup::FileSuffix;
 }
 
+// On a server the data is the server's to back up (pg_dump, its own archiving): a copy of the
+// folder would hold none of it.
+bool leftToTheServer(AppContext& context, const QString& title) {
+    if (!context.store().onServer())
+        return false;
+    context.prompter().message(
+        QStringLiteral("The data is kept on a PostgreSQL server (%1). Backing it up and restoring it is the "
+                       "server's business (pg_dump and the server's own archiving), done by its administrator; "
+                       "nothing was done here.")
+            .arg(context.store().describe()),
+        title, MessageIcon::Information);
+    return true;
+}
+
 } // namespace
 
 QString backupFolder(const AppContext& context) {
