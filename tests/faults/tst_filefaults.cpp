@@ -1,7 +1,6 @@
 // Files under the program that are damaged, read-only or held by another program: each is
 // told plainly, nothing stored changes, and the program goes on once the cause is gone.
 #include "../orders/OrderFixture.h"
-#include "support/DatabaseDump.h"
 #include "PrivateDisk.h"
 #include "common/Sql.h"
 #include "orders/OrderExport.h"
@@ -10,6 +9,7 @@
 #include "shell/Program.h"
 #include "store/DatabaseFile.h"
 #include "store/Store.h"
+#include "support/DatabaseDump.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorChooserForm.h"
 #include "vendors/VendorRecordsForm.h"
