@@ -119,28 +119,6 @@ bool diskIsFull(const QString& folder) {
     return storage.isValid() && storage.bytesAvailable() < 64 * 1024;
 }
 
-// A short-lived connection of the backup's own, closed and forgotten with it.
-class OwnConnection {
-public:
-    OwnConnection(const QString& path, bool readOnly)
-        : m_name(QStringLiteral("ordwell-backup-") + QUuid::createUuid().toString(QUuid::WithoutBraces)) {
-        QSqlDatabase db = DatabaseFile::addConnection(m_name, path, readOnly);
-        if (!db.open())
-            m_openError = db.lastError();
-    }
-    ~OwnConnection() { DatabaseFile::close(m_name); }
-    OwnConnection(const OwnConnection&) = delete;
-    OwnConnection& operator=(const OwnConnection&) = delete;
-
-    bool isOpen() const { return !m_openError.isValid(); }
-    const QSqlError& openError() const { return m_openError; }
-    QSqlDatabase db() const { return QSqlDatabase::database(m_name, false); }
-
-private:
-    QString m_name;
-    QSqlError m_openError;
-};
-
 QString quotedName(const QString& name) {
     QString escaped = name;
     escaped.replace(QLatin1Char('"'), QStringLiteral("\"\""));
@@ -150,7 +128,7 @@ QString quotedName(const QString& name) {
 // SQLite's own verdict, the layout version and the rows per table of a database file; an
 // empty string when all could be read, else what went wrong.
 QString inspectDatabase(const QString& path, FileRecord& record) {
-    OwnConnection connection(path, true);
+    DatabaseFile::OwnConnection connection(path, true);
     if (!connection.isOpen())
         return Sql::describe(connection.openError());
     QSqlQuery check(connection.db());
@@ -258,7 +236,7 @@ la_ssize_t writeToSink(archive*, void* client, const void* buffer, size_t length
 // Copies one database consistently into `staging` and describes the copy. VACUUM INTO reads
 // inside one transaction, so a writer elsewhere is either wholly in the copy or not at all.
 Outcome stageDatabase(const QString& source, const QString& copy, FileRecord& record) {
-    OwnConnection connection(source, true);
+    DatabaseFile::OwnConnection connection(source, true);
     if (!connection.isOpen())
         return fail(Problem::Failed, QStringLiteral("The database \"%1\" could not be opened: %2")
                                          .arg(native(source), Sql::describe(connection.openError())));

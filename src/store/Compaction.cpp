@@ -62,42 +62,6 @@ QString copyProblem(const QString& tempPath, const QSqlError& error) {
     }
 }
 
-// A short-lived connection of the compaction's own, closed and forgotten when it goes out of
-// scope. Opening is lazy in SQLite, so problems show up on the first statement instead.
-class OwnConnection {
-public:
-    OwnConnection(const QString& path, bool readOnly)
-        : m_name(QStringLiteral("ordwell-compact-") + QUuid::createUuid().toString(QUuid::WithoutBraces)) {
-        QSqlDatabase db = DatabaseFile::addConnection(m_name, path, readOnly);
-        if (!db.open())
-            m_openError = db.lastError();
-    }
-    ~OwnConnection() { DatabaseFile::close(m_name); }
-    OwnConnection(const OwnConnection&) = delete;
-    OwnConnection& operator=(const OwnConnection&) = delete;
-
-    bool isOpen() const { return !m_openError.isValid(); }
-    const QSqlError& openError() const { return m_openError; }
-    QSqlDatabase db() const { return QSqlDatabase::database(m_name, false); }
-
-    // Runs one statement; the error, if any, is returned (invalid when it worked).
-    QSqlError run(const QString& sql, const QVariantList& values = {}) const {
-        QSqlQuery query(db());
-        if (query.prepare(sql)) {
-            for (const QVariant& v : values)
-                query.addBindValue(v);
-            if (query.exec())
-                return {};
-        }
-        Sql::logFailure(query.lastError(), sql);
-        return query.lastError();
-    }
-
-private:
-    QString m_name;
-    QSqlError m_openError;
-};
-
 // Everything a faithful copy must have the same of: the catalogue entries and the number of
 // rows in each table.
 struct Contents {
@@ -112,7 +76,7 @@ QString quotedName(const QString& name) {
     return QLatin1Char('"') + escaped + QLatin1Char('"');
 }
 
-Contents readContents(const OwnConnection& connection) {
+Contents readContents(const DatabaseFile::OwnConnection& connection) {
     Contents contents;
     QStringList tables;
     {
@@ -209,7 +173,7 @@ void removeTemporary(const QString& tempPath) {
 // Makes the verified copy at `tempPath`. Writers are held off the original from before the
 // rows are counted until the copy has been checked, so the counts and the copy agree.
 Status makeVerifiedCopy(const QString& path, const QString& tempPath) {
-    OwnConnection guard(path, false);
+    DatabaseFile::OwnConnection guard(path, false);
     if (!guard.isOpen())
         return Status::fail(sourceProblem(path, guard.openError()));
     // BEGIN IMMEDIATE fails while another connection holds a write lock: the file is busy.
@@ -218,7 +182,7 @@ Status makeVerifiedCopy(const QString& path, const QString& tempPath) {
 
     Contents original;
     {
-        OwnConnection source(path, true);
+        DatabaseFile::OwnConnection source(path, true);
         if (!source.isOpen())
             return Status::fail(sourceProblem(path, source.openError()));
         original = readContents(source);
@@ -240,7 +204,7 @@ Status makeVerifiedCopy(const QString& path, const QString& tempPath) {
     }
 
     {
-        OwnConnection copy(tempPath, true);
+        DatabaseFile::OwnConnection copy(tempPath, true);
         QStringList verdict;
         if (copy.isOpen()) {
             QSqlQuery query(copy.db());
