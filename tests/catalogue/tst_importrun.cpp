@@ -15,25 +15,11 @@ const QString Completed = QStringLiteral("The import has completed, please click
 const QString GoodList = QStringLiteral("abc1,Apple,1,1,3.00,31/12/2030\nOLD1,Pear,1,1,1.00,01/01/2020\nB2,Plum,2,1,"
                                         "0.50,31/12/2030\n");
 
-struct Finished {
-    int code = -1;
-    QString out;
-    QString err;
-};
+using test::Finished;
 
-// The real program, started with no display at all: a window would make it fail.
+// The real program, started with no display at all.
 Finished runProgram(const QStringList& arguments) {
-    QProcess program;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.remove(QStringLiteral("DISPLAY"));
-    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    program.setProcessEnvironment(env);
-    program.start(QStringLiteral(ORDWELL_EXE), arguments);
-    if (!program.waitForFinished(30000))
-        qWarning("the program did not finish");
-    return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
-            QString::fromUtf8(program.readAllStandardOutput()), QString::fromUtf8(program.readAllStandardError())};
+    return test::runHeadless(QStringLiteral(ORDWELL_EXE), arguments);
 }
 
 } // namespace

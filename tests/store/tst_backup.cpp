@@ -115,24 +115,11 @@ qint64 count(const QString& path, const QString& sql) {
     return n;
 }
 
-struct Finished {
-    int code = -1;
-    QString out;
-    QString err;
-};
+using test::Finished;
 
+// The real program, started with no display at all.
 Finished runProgram(const QStringList& arguments) {
-    QProcess program;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.remove(QStringLiteral("DISPLAY"));
-    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    program.setProcessEnvironment(env);
-    program.start(QStringLiteral(ORDWELL_EXE), arguments);
-    if (!program.waitForFinished(30000))
-        qWarning("the program did not finish");
-    return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
-            QString::fromUtf8(program.readAllStandardOutput()), QString::fromUtf8(program.readAllStandardError())};
+    return test::runHeadless(QStringLiteral(ORDWELL_EXE), arguments);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "TestSupport.h"
 
+#include <QProcess>
+
 #include "settings/OrganisationDetails.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuWiring.h"
@@ -181,6 +183,20 @@ std::unique_ptr<MainWindow> openMainWindow(AppContext& context) {
     if (ready.isEmpty() && !ready.wait(5000))
         qWarning("the main window never became active");
     return window;
+}
+
+Finished runHeadless(const QString& executable, const QStringList& arguments) {
+    QProcess program;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.remove(QStringLiteral("DISPLAY"));
+    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    program.setProcessEnvironment(env);
+    program.start(executable, arguments);
+    if (!program.waitForFinished(30000))
+        qWarning("the program did not finish");
+    return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
+            QString::fromUtf8(program.readAllStandardOutput()), QString::fromUtf8(program.readAllStandardError())};
 }
 
 } // namespace ordwell::test

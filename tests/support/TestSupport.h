@@ -101,6 +101,16 @@ void pressEnter(QWidget* widget);
 QByteArray fileContents(const QString& path);
 bool writeFile(const QString& path, const QByteArray& content);
 
+// How a run of the real program ended: its exit code (-1 when it crashed or hung) and output.
+struct Finished {
+    int code = -1;
+    QString out;
+    QString err;
+};
+// Runs the program at `executable` with no display at all, as a headless run must work: a
+// window would make it fail.
+Finished runHeadless(const QString& executable, const QStringList& arguments);
+
 // Stores an organisation's details, so the main window does not ask for them first.
 void storeOrganisationDetails(AppContext& context);
 
