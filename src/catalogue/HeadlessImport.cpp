@@ -42,13 +42,16 @@ int run(const Options& options, QTextStream& out, QTextStream& err) {
     const QString path = QFileInfo(options.importFile).absoluteFilePath();
     if (!QFileInfo(path).isFile())
         return refuse(err, QStringLiteral("The file %1 does not exist.").arg(QDir::toNativeSeparators(path)));
-    if (!QFileInfo::exists(Store::systemDatabasePath(dataDir)))
+    const QString server = resolveServer(options);
+    if (server.isEmpty() && !QFileInfo::exists(Store::systemDatabasePath(dataDir)))
         return refuse(err,
                       QStringLiteral("There is no Ordwell database in %1.").arg(QDir::toNativeSeparators(dataDir)));
 
     ConsolePrompter prompter(out, err);
     AppContext context(dataDir, options.settingsFile, prompter);
-    if (!context.takeSystemLock())
+    context.setServer(server);
+    // A server is shared by design: only the files are kept from a running copy of the program.
+    if (server.isEmpty() && !context.takeSystemLock())
         return refuse(err, QStringLiteral("The database is in use: Ordwell is already running on %1.")
                                .arg(QDir::toNativeSeparators(dataDir)));
     struct Closer {
@@ -60,7 +63,7 @@ int run(const Options& options, QTextStream& out, QTextStream& err) {
         }
     } closer{context};
 
-    auto system = Store::OpenSystemDatabase(dataDir);
+    auto system = Store::OpenSystemDatabase(context.store());
     if (!system)
         return refuse(err, system.message().section(QLatin1Char('\n'), 0, 0));
     auto vendor = Sql::exec(*system, QStringLiteral("SELECT code, status, vendor FROM vendors WHERE code = ?"),

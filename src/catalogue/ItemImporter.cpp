@@ -4,6 +4,7 @@
 #include "PriceListReader.h"
 #include "common/Dates.h"
 #include "common/Sql.h"
+#include "store/Dialect.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -32,6 +33,19 @@ const QString UpsertBatchSql =
                    "defqty = excluded.defqty, price = excluded.price, priceexp = excluded.priceexp, "
                    "gtin = coalesce(excluded.gtin, items.gtin)");
 
+// The same on a server. PostgreSQL refuses to update one row twice in one statement, so of the
+// lines that give one code (in any case) only the batch's last is kept; the numbers come in as
+// JSON text and are cast to their columns.
+const QString UpsertBatchServerSql =
+    QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp, gtin) "
+                   "SELECT DISTINCT ON ((e.value ->> 0)::citext) e.value ->> 0, e.value ->> 1, "
+                   "(e.value ->> 2)::integer, (e.value ->> 3)::integer, (e.value ->> 4)::bigint, e.value ->> 5, "
+                   "e.value ->> 6 FROM json_array_elements(?::json) WITH ORDINALITY AS e(value, n) "
+                   "ORDER BY (e.value ->> 0)::citext, e.n DESC "
+                   "ON CONFLICT (code) DO UPDATE SET descr = excluded.descr, packqty = excluded.packqty, "
+                   "defqty = excluded.defqty, price = excluded.price, priceexp = excluded.priceexp, "
+                   "gtin = coalesce(excluded.gtin, items.gtin)");
+
 // Pages of the catalogue SQLite may keep in memory while the import runs, in KiB. A batch
 // rewrites index pages all over the catalogue (descriptions and expiries are in no order);
 // with the small default cache those pages would be written out and read back within a batch.
@@ -41,6 +55,8 @@ constexpr int ImportCacheKib = 64 * 1024;
 class LargerPageCache {
 public:
     explicit LargerPageCache(const QSqlDatabase& db) : m_db(db) {
+        if (Dialects::of(m_db) != Dialect::SQLite)
+            return; // a server keeps its own cache
         const Result<QVariant> size = Sql::scalar(m_db, QStringLiteral("PRAGMA cache_size"));
         if (size && size->isValid()) {
             m_previous = size->toString();
@@ -167,7 +183,7 @@ ImportOutcome ItemImporter::importLines(PriceListReader& reader) {
     Sql::Transaction transaction(m_db);
     if (!transaction.isActive())
         return stopWith(ImportOutcome::Stop::DatabaseProblem, Sql::describe(m_db.lastError()));
-    Sql::Statement upsert(m_db, UpsertBatchSql);
+    Sql::Statement upsert(m_db, Dialects::of(m_db) == Dialect::PostgreSQL ? UpsertBatchServerSql : UpsertBatchSql);
     // A GTIN belongs to one item: the catalogue's holder, or the line that gave it earlier.
     Sql::Statement gtinHolder(m_db, QStringLiteral("SELECT code FROM items WHERE gtin = ?"));
     QHash<QString, QString> gtinsGiven;

@@ -4,6 +4,7 @@
 #include "reports/ReportEngine.h"
 #include "reports/ShippedReports.h"
 #include "store/DatabaseFile.h"
+#include "store/ServerStore.h"
 #include "store/Store.h"
 
 #include <QDir>
@@ -17,15 +18,16 @@ namespace ordwell {
 namespace {
 
 // The vendor's name from the list of vendors, read without taking the running program's lock.
-Result<QString> vendorName(const QString& dataDir, const QString& code) {
-    const QString path = Store::systemDatabasePath(dataDir);
-    if (!QFileInfo(path).isFile())
+Result<QString> vendorName(const Store::StoreLocation& where, const QString& code) {
+    const QString path = Store::systemDatabasePath(where.dataDir);
+    if (!where.onServer() && !QFileInfo(path).isFile())
         return Status::fail(
-            QStringLiteral("There is no Ordwell data in \"%1\".").arg(QDir::toNativeSeparators(dataDir)));
+            QStringLiteral("There is no Ordwell data in \"%1\".").arg(QDir::toNativeSeparators(where.dataDir)));
     const QString connection = QStringLiteral("ordwell-headless-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
     Result<QString> result = Status::fail(QString());
     {
-        auto db = DatabaseFile::open(connection, path, true);
+        auto db = where.onServer() ? ServerStore::openSystem(connection, where.server)
+                                   : DatabaseFile::open(connection, path, true);
         if (!db) {
             result = db.status();
         } else {
@@ -54,13 +56,17 @@ QString reportPath(const QString& given, const QString& dataDir) {
 
 int renderReportFromOptions(const Options& options, QString& error) {
     const QString dataDir = resolveDataDir(options);
-    if (!QFileInfo(dataDir).isDir()) {
+    const Store::StoreLocation where(dataDir, resolveServer(options));
+    if (!where.onServer() && !QFileInfo(dataDir).isDir()) {
         error = QStringLiteral("The data folder \"%1\" does not exist.").arg(QDir::toNativeSeparators(dataDir));
         return 1;
     }
+    // On a server the shipped reports still come from the data folder, made if need be.
+    if (where.onServer())
+        QDir().mkpath(dataDir);
     ShippedReports::installMissing(dataDir);
     const QString code = options.vendorCode.trimmed();
-    auto name = vendorName(dataDir, code);
+    auto name = vendorName(where, code);
     if (!name) {
         error = name.message();
         return 1;
@@ -68,6 +74,7 @@ int renderReportFromOptions(const Options& options, QString& error) {
     ReportRequest request;
     request.reportFile = reportPath(options.renderReport, dataDir);
     request.databaseFile = Store::vendorDatabasePath(dataDir, code);
+    request.server = where.server;
     request.vendorCode = code;
     request.vendorName = name.value();
     for (const auto& [key, value] : options.reportParameters)

@@ -2,6 +2,7 @@
 
 #include "common/Sql.h"
 #include "store/DatabaseFile.h"
+#include "store/ServerStore.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -33,6 +34,23 @@ Result<std::shared_ptr<ReportDatabase>> ReportDatabase::open(const QString& path
     return db;
 }
 
+Result<std::shared_ptr<ReportDatabase>> ReportDatabase::openOnServer(const QString& conninfo,
+                                                                     const QString& vendorCode) {
+    const QString name = QStringLiteral("ordwell-report-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    auto opened = ServerStore::openVendor(name, conninfo, vendorCode);
+    if (!opened) {
+        DatabaseFile::close(name);
+        return opened.status();
+    }
+    std::shared_ptr<ReportDatabase> db(new ReportDatabase(name, ServerStore::describe(conninfo)));
+    const Status readOnly =
+        Sql::run(db->database(), QStringLiteral("SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY"));
+    if (!readOnly)
+        return Status::fail(QStringLiteral("The data of vendor %1 on %2 could not be opened for reading: %3")
+                                .arg(vendorCode.trimmed(), ServerStore::describe(conninfo), readOnly.message()));
+    return db;
+}
+
 QSqlDatabase ReportDatabase::database() const {
     return QSqlDatabase::database(m_connectionName, false);
 }
@@ -42,6 +60,9 @@ bool ReportDatabase::isWriteRefusal(const QSqlError& error) {
     bool ok = false;
     const int code = error.nativeErrorCode().toInt(&ok);
     if (ok && ((code & 0xff) == 8 || (code & 0xff) == 23))
+        return true;
+    // A server's read-only session refuses with SQLSTATE 25006.
+    if (error.nativeErrorCode() == QLatin1String("25006"))
         return true;
     return error.databaseText().contains(QLatin1String("readonly"), Qt::CaseInsensitive);
 }

@@ -15,6 +15,8 @@ namespace ordwell {
 class ReportDatabase {
 public:
     static Result<std::shared_ptr<ReportDatabase>> open(const QString& path);
+    // The vendor's data on a server, through a session that refuses every write.
+    static Result<std::shared_ptr<ReportDatabase>> openOnServer(const QString& conninfo, const QString& vendorCode);
     ~ReportDatabase();
     ReportDatabase(const ReportDatabase&) = delete;
     ReportDatabase& operator=(const ReportDatabase&) = delete;

@@ -199,7 +199,8 @@ Result<std::shared_ptr<RenderedReport>> run(const ReportRequest& request) {
     if (!parameters)
         return fileProblem(request.reportFile, parameters.message());
 
-    auto db = ReportDatabase::open(request.databaseFile);
+    auto db = request.server.isEmpty() ? ReportDatabase::open(request.databaseFile)
+                                       : ReportDatabase::openOnServer(request.server, request.vendorCode);
     if (!db)
         return db.status();
 

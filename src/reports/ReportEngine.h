@@ -13,6 +13,7 @@ namespace ordwell {
 struct ReportRequest {
     QString reportFile;   // full path of the .rpt file
     QString databaseFile; // the vendor database the queries read
+    QString server;       // a server's connection string: the vendor's data there instead
     QString vendorCode;   // {{vendorcode}}
     QString vendorName;   // {{vendorname}}
     ReportParameterValues parameters;

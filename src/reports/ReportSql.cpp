@@ -17,6 +17,15 @@ bool isNameChar(QChar c) {
 ReportSqlScan scanReportSql(const QString& sql) {
     ReportSqlScan scan;
     const qsizetype n = sql.size();
+    // The text handed to the database, comments blanked out: Qt's own reading of :name
+    // placeholders does not know comments, and would count one mentioned in a comment.
+    QString cleaned = sql;
+    auto blank = [&cleaned](qsizetype from, qsizetype to) {
+        for (qsizetype k = from; k < to; ++k) {
+            if (cleaned.at(k) != QLatin1Char('\n'))
+                cleaned[k] = QLatin1Char(' ');
+        }
+    };
     qsizetype i = 0;
     qsizetype statementEnd = -1; // position of a ';' ending the statement
     auto fail = [&scan](const QString& why) {
@@ -30,13 +39,17 @@ ReportSqlScan scanReportSql(const QString& sql) {
         if (c.isSpace()) {
             ++i;
         } else if (c == QLatin1Char('-') && next == QLatin1Char('-')) {
+            const qsizetype start = i;
             while (i < n && sql.at(i) != QLatin1Char('\n'))
                 ++i;
+            blank(start, i);
         } else if (c == QLatin1Char('/') && next == QLatin1Char('*')) {
             const qsizetype close = sql.indexOf(QLatin1String("*/"), i + 2);
             if (close < 0)
                 fail(QStringLiteral("a /* comment is never closed"));
+            const qsizetype start = i;
             i = close < 0 ? n : close + 2;
+            blank(start, i);
         } else if (statementEnd >= 0) {
             // Anything but blanks and comments after the ';' is a second statement.
             fail(QStringLiteral("a query holds one SELECT statement only (text follows the ';')"));
@@ -84,7 +97,7 @@ ReportSqlScan scanReportSql(const QString& sql) {
         }
     }
 
-    scan.statement = (statementEnd >= 0 ? sql.left(statementEnd) : sql).trimmed();
+    scan.statement = (statementEnd >= 0 ? cleaned.left(statementEnd) : cleaned).trimmed();
     if (scan.problem.isEmpty()) {
         if (scan.firstKeyword.isEmpty())
             scan.problem = QStringLiteral("the query is empty");

@@ -10,7 +10,7 @@ namespace ordwell {
 struct ReportSqlScan {
     QString firstKeyword;     // upper case: "SELECT", "WITH", "DELETE" ...
     QStringList placeholders; // ":name" without the colon, first use first, no repeats
-    QString statement;        // the text with a final ';' taken off
+    QString statement;        // the text with comments blanked and a final ';' taken off
     QString problem;          // why the text cannot be a report query; empty when it can
 };
 

@@ -29,6 +29,7 @@ Result<ReportRequest> requestForOpenVendor(const AppContext& context, const QStr
     ReportRequest request;
     request.reportFile = reportFile;
     request.databaseFile = Store::vendorDatabasePath(context.dataDir(), code);
+    request.server = context.store().server;
     request.vendorCode = code;
     request.vendorName = session.name();
     return request;

@@ -2,7 +2,9 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QSettings>
 #include <QStandardPaths>
+#include <memory>
 
 namespace ordwell {
 
@@ -168,6 +170,14 @@ QString resolveServer(const Options& options, const QString& fromSettings) {
     if (!fromEnv.isEmpty())
         return fromEnv;
     return fromSettings;
+}
+
+QString resolveServer(const Options& options) {
+    const std::unique_ptr<QSettings> settings =
+        options.settingsFile.isEmpty()
+            ? std::make_unique<QSettings>(QStringLiteral("Ordwell"), QStringLiteral("Ordwell"))
+            : std::make_unique<QSettings>(options.settingsFile, QSettings::IniFormat);
+    return resolveServer(options, settings->value(QStringLiteral("Server/Connection")).toString());
 }
 
 QString resolveDesktopDir(const Options& options) {

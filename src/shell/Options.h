@@ -52,6 +52,8 @@ QString resolveDesktopDir(const Options& options);
 // The server the databases are on: --server, else ORDWELL_SERVER, else the one kept in the
 // settings (group Server, key Connection); empty for the data folder's files.
 QString resolveServer(const Options& options, const QString& fromSettings);
+// The same, reading the settings the options name (the INI file of --settings, or the user's).
+QString resolveServer(const Options& options);
 
 QString versionText(); // "1.0.0"
 

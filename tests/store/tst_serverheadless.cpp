@@ -1,0 +1,156 @@
+// The program's scripted commands against a real PostgreSQL server (the one scripts/test
+// starts): the price-list import writes the server's catalogue, and the reports read the
+// server's orders, through a session that refuses every write.
+#include "common/Money.h"
+#include "common/Sql.h"
+#include "store/DatabaseFile.h"
+#include "store/ServerStore.h"
+#include "support/TestSupport.h"
+#include "vendors/VendorRepository.h"
+
+#include <QProcess>
+#include <QTest>
+
+using namespace ordwell;
+
+namespace {
+
+const QString Admin = QStringLiteral("admin");
+const QString Conn = QStringLiteral("vendor");
+
+QString server() {
+    return qEnvironmentVariable("ORDWELL_TEST_SERVER");
+}
+
+QString pdfText(const QString& pdf) {
+    QProcess p;
+    p.start(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")});
+    if (!p.waitForFinished(30000) || p.exitCode() != 0)
+        return QStringLiteral("pdftotext failed");
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+} // namespace
+
+class TestServerHeadless : public test::StrictTest {
+    Q_OBJECT
+private slots:
+    void initTestCase() {
+        test::initTestEnvironment();
+        if (server().isEmpty()) {
+            if (qEnvironmentVariableIsSet("ORDWELL_REQUIRE_SERVER"))
+                QFAIL("ORDWELL_TEST_SERVER is not set");
+            QSKIP("no test server (run through scripts/test)");
+        }
+    }
+
+    // The organisation, vendor ABC with one order of two lines (one cancelled), nothing else.
+    void init() {
+        {
+            auto admin = ServerStore::connect(Admin, server());
+            QVERIFY2(admin, qPrintable(admin.message()));
+            auto schemas =
+                Sql::exec(*admin, QStringLiteral("SELECT schema_name FROM information_schema.schemata WHERE "
+                                                 "schema_name = 'ordwell' OR schema_name LIKE 'vendor\\_%'"));
+            QVERIFY(schemas);
+            QStringList names;
+            while (schemas.value().next())
+                names << schemas.value().value(0).toString();
+            for (const QString& name : names)
+                QVERIFY(Sql::run(*admin, QStringLiteral("DROP SCHEMA %1 CASCADE").arg(name)));
+            QVERIFY(ServerStore::createSystem(*admin));
+            QVERIFY(ServerStore::createVendor(*admin, QStringLiteral("ABC")));
+        }
+        DatabaseFile::close(Admin);
+        {
+            auto system = ServerStore::openSystem(Admin, server());
+            QVERIFY2(system, qPrintable(system.message()));
+            QVERIFY(VendorRepository::addVendor(*system, QStringLiteral("Acme Supplies"), QStringLiteral("ABC")));
+        }
+        DatabaseFile::close(Admin);
+        auto db = ServerStore::openVendor(Conn, server(), QStringLiteral("ABC"));
+        QVERIFY2(db, qPrintable(db.message()));
+        const QStringList rows = {
+            QStringLiteral("INSERT INTO vendor (vendorid, customerid, add1, add3, county, postcode, repname, "
+                           "contactname, contactemail, nextord, ordform) VALUES ('ABC', 'CUST7', '2 Mill Lane', "
+                           "'Leeds', 'Yorks', 'LS11AA', 'Rob', 'Cat', 'cat@acme.example', 1000001, 'ordform.rpt')"),
+            QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES "
+                           "('A1', 'Apples', 1, 1, 30000, '2030-12-31')"),
+            QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, reference, status, totalval, "
+                           "reprintcount) VALUES ('ABC1000000', '2026-03-11', 'Ann', 'REF1', 'X', 90000, 1)"),
+            QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, "
+                           "recvqty, recvdate) VALUES ('ABC1000000', 1, 'A1', '2026-03-11', 'X', 3, 30000, 90000, "
+                           "0, '1980-07-04'), ('ABC1000000', 2, 'A1', '2026-03-11', 'C', 5, 30000, 150000, 0, "
+                           "'1980-07-04')"),
+        };
+        for (const QString& row : rows)
+            QVERIFY2(Sql::run(*db, row), qPrintable(row));
+    }
+    void cleanup() { DatabaseFile::close(Conn); }
+
+    void importWritesTheServersCatalogue() {
+        test::TestFolders folders;
+        const QString list = folders.dataFile(QStringLiteral("prices.csv"));
+        // A code given twice in one file (in either case): the later line wins, as on the files.
+        QVERIFY(test::writeFile(list, "a1,Apples \xc3\xa9 & pears,6,2,3.50,31/12/2030\n"
+                                      "B2,Plums,1,1,0.50,01/01/2020\n"
+                                      "A1,Apples (Bramley),6,2,3.75,31/12/2030\n"));
+        const test::Finished run = test::runHeadless(
+            QStringLiteral(ORDWELL_EXE),
+            {QStringLiteral("--server"), server(), QStringLiteral("--data-dir"), folders.dataDir(),
+             QStringLiteral("--vendor"), QStringLiteral("abc"), QStringLiteral("--import-items"), list});
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        QVERIFY2(run.out.contains(QStringLiteral("There were 1 expired prices")), qPrintable(run.out));
+
+        auto db = QSqlDatabase::database(Conn);
+        auto items = Sql::exec(db, QStringLiteral("SELECT code, descr, packqty, price FROM items ORDER BY code"));
+        QVERIFY(items);
+        QStringList seen;
+        while (items.value().next())
+            seen << QStringLiteral("%1 %2 %3 %4")
+                        .arg(items.value().value(0).toString(), items.value().value(1).toString(),
+                             items.value().value(2).toString(),
+                             Money::fromTenThousandths(items.value().value(3).toLongLong()).toPlainString());
+        QCOMPARE(seen, (QStringList{QStringLiteral("A1 Apples (Bramley) 6 3.75"), QStringLiteral("B2 Plums 1 0.00")}));
+        // Nothing was written to the data folder: the data is on the server.
+        QVERIFY(!QFile::exists(folders.dataFile(QStringLiteral("ABCvendor.mdb"))));
+    }
+
+    void reportsReadTheServer() {
+        test::TestFolders folders;
+        const QString pdf = folders.dataFile(QStringLiteral("out.pdf"));
+        const QStringList base{QStringLiteral("--server"),   server(),
+                               QStringLiteral("--data-dir"), folders.dataDir(),
+                               QStringLiteral("--vendor"),   QStringLiteral("ABC"),
+                               QStringLiteral("--pdf"),      pdf};
+        test::Finished run =
+            test::runHeadless(QStringLiteral(ORDWELL_EXE),
+                              base + QStringList{QStringLiteral("--render-report"), QStringLiteral("ordform.rpt"),
+                                                 QStringLiteral("--param"), QStringLiteral("ordnum=ABC1000000")});
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        const QString form = pdfText(pdf);
+        QVERIFY2(form.contains(QStringLiteral("ABC1000000")) && form.contains(QStringLiteral("Total 9.00")) &&
+                     !form.contains(QStringLiteral("15.00")),
+                 qPrintable(form));
+
+        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
+                                base + QStringList{QStringLiteral("--render-report"), QStringLiteral("vendhist.rpt")});
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        QVERIFY2(pdfText(pdf).contains(QStringLiteral("March 2026")), qPrintable(pdfText(pdf)));
+
+        // A report that tries to write is stopped by the server session, and nothing changes.
+        const QString writer = folders.dataFile(QStringLiteral("writer.rpt"));
+        QVERIFY(test::writeFile(writer, "[report]\ntitle = W\n[query q]\nWITH x AS (SELECT 1) "
+                                        "UPDATE orderhead SET status = 'C'\n[body]\nx\n"));
+        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
+                                base + QStringList{QStringLiteral("--render-report"), writer});
+        QCOMPARE(run.code, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("tried to change the database")), qPrintable(run.err));
+        auto status = Sql::scalar(QSqlDatabase::database(Conn),
+                                  QStringLiteral("SELECT status FROM orderhead WHERE orderid = 'ABC1000000'"));
+        QCOMPARE(status->toString(), QStringLiteral("X"));
+    }
+};
+
+QTEST_MAIN(TestServerHeadless)
+#include "tst_serverheadless.moc"
