@@ -5,6 +5,7 @@
 // the same indexed table and upserting it. Each run starts from a fresh copy of the same
 // catalogue; the figures are medians of three runs. Prints "<name> <value> <unit>" lines.
 #include "BenchProcess.h"
+#include "BenchServer.h"
 #include "ScaleData.h"
 #include "SilentPrompter.h"
 #include "catalogue/ImportProgress.h"
@@ -78,10 +79,12 @@ int itemCount(const QString& dataDir) {
 
 // The program's own import, as the import window runs it, timed from the file's line count to
 // the completion text.
-bool runImport(const QString& dataDir, const QString& priceList, const QDate& today, double& seconds) {
+bool runImport(const QString& dataDir, const QString& priceList, const QDate& today, double& seconds,
+               const QString& server = {}) {
     SilentPrompter prompter;
     NoProgress progress;
     AppContext context(dataDir, QDir(dataDir).filePath(QStringLiteral("settings.ini")), prompter);
+    context.setServer(server);
     if (!context.vendorSession().open(Vendor, QStringLiteral("Big Catalogue Ltd")))
         return fail(QStringLiteral("cannot open the vendor"));
     QElapsedTimer timer;
@@ -91,7 +94,10 @@ bool runImport(const QString& dataDir, const QString& priceList, const QDate& to
         return fail(QStringLiteral("the price list was refused"));
     const ItemImport::Run run = ItemImport::execute(context.vendorDb(), reader, today, prompter, progress);
     seconds = timer.nsecsElapsed() / 1e9;
+    const auto items = Sql::scalar(context.vendorDb(), QStringLiteral("SELECT count(*) FROM items"));
     context.vendorSession().close();
+    if (!items || items->toInt() != CatalogueItems + PriceListLines / 2)
+        return fail(QStringLiteral("the import left the wrong number of items"));
     if (!run.outcome.completed() || run.outcome.linesStored != PriceListLines)
         return fail(QStringLiteral("the import stopped: %1").arg(run.outcome.message));
     return true;
@@ -194,6 +200,39 @@ bool runShell(const QString& dataDir, const QString& priceList, double& seconds)
     return true;
 }
 
+// The same import into a server: a vendor of the same 100,000 items, made afresh for each run
+// from one filled through the program's own import.
+int serverImport(const QTemporaryDir& root, const QString& priceList, const QDate& today) {
+    const QString catalogue = root.filePath(QStringLiteral("catalogue.csv"));
+    const QString dataDir = root.filePath(QStringLiteral("server"));
+    QDir().mkpath(dataDir);
+    if (Status written = ScaleData::writePriceList(catalogue, 0, CatalogueItems, today); !written)
+        return fail(written.message()) ? 0 : 1;
+    {
+        SilentPrompter prompter;
+        NoProgress progress;
+        AppContext context(dataDir, QDir(dataDir).filePath(QStringLiteral("settings.ini")), prompter);
+        context.setServer(bench::server());
+        PriceListReader reader(catalogue);
+        if (!bench::freshServerVendor(QStringLiteral("SRC")) ||
+            !context.vendorSession().open(QStringLiteral("SRC"), QStringLiteral("Source")) ||
+            !ItemImport::prepare(reader, prompter, progress) ||
+            !ItemImport::execute(context.vendorDb(), reader, today, prompter, progress).outcome.completed())
+            return fail(QStringLiteral("cannot fill the catalogue on the server")) ? 0 : 1;
+        context.vendorSession().close();
+    }
+    std::vector<double> server;
+    for (int run = 0; run < Runs; ++run) {
+        double seconds = 0;
+        if (!bench::freshServerVendor(Vendor, QStringLiteral("SRC")) ||
+            !runImport(dataDir, priceList, today, seconds, bench::server()))
+            return 1;
+        server.push_back(seconds);
+    }
+    std::printf("server_import_100k_s %.3f s\n", bench::median(server));
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -257,5 +296,5 @@ int main(int argc, char** argv) {
     std::printf("import_window_empty_100k_s %.3f s\n", bench::median(windowEmpty));
     std::printf("import_sqlite3_shell_100k_s %.3f s\n", bench::median(shell));
     std::printf("import_window_vs_sqlite3_ratio %.2f x\n", bench::median(window) / bench::median(shell));
-    return 0;
+    return bench::server().isEmpty() ? 0 : serverImport(root, priceList, today);
 }

@@ -1,6 +1,8 @@
 // Opening a vendor with a large catalogue and order book, through the chooser's own routine:
 // the database opened, expired prices zeroed, open orders revalued, the live-order check.
-// Prints "vendor_open_200k_s <seconds> s" (the median of three opens, each of a fresh copy).
+// Prints "vendor_open_200k_s <seconds> s" (the median of three opens, each of a fresh copy),
+// and "server_vendor_open_200k_s" for the same vendor on a server when one is named.
+#include "BenchServer.h"
 #include "SilentPrompter.h"
 #include "common/Dates.h"
 #include "common/Prompter.h"
@@ -17,6 +19,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 
 using namespace ordwell;
 
@@ -82,12 +85,42 @@ bool fill(const QSqlDatabase& db) {
     return bool(tx.commit());
 }
 
+// The median of three opens of vendor BEN, each remade from SRC by `fresh` just before.
+bool medianOpen(AppContext& context, const std::function<bool()>& fresh, double& median) {
+    const QString code = QStringLiteral("BEN");
+    QList<double> seconds;
+    for (int run = 0; run < 3; ++run) {
+        context.vendorSession().close();
+        if (!fresh()) {
+            std::fprintf(stderr, "cannot copy the vendor's data\n");
+            return false;
+        }
+        QElapsedTimer timer;
+        timer.start();
+        const auto opened = VendorChooser::openVendor(context, code, QStringLiteral("Bench Supplies"));
+        seconds << timer.nsecsElapsed() / 1e9;
+        if (!opened || !*opened) {
+            std::fprintf(stderr, "the vendor did not open with its live order\n");
+            return false;
+        }
+        const auto zeroed =
+            Sql::scalar(context.vendorDb(), QStringLiteral("SELECT COUNT(*) FROM items WHERE price = 0"));
+        if (!zeroed || zeroed->toInt() != ExpiredCount) {
+            std::fprintf(stderr, "expected %d zeroed prices\n", ExpiredCount);
+            return false;
+        }
+    }
+    context.vendorSession().close();
+    std::sort(seconds.begin(), seconds.end());
+    median = seconds.at(1);
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QTemporaryDir dir;
-    const QString code = QStringLiteral("BEN");
     if (!Store::CreateVendorDatabase(dir.path(), QStringLiteral("SRC"))) {
         std::fprintf(stderr, "cannot create the vendor database\n");
         return 1;
@@ -106,32 +139,35 @@ int main(int argc, char** argv) {
 
     SilentPrompter prompter;
     AppContext context(dir.path(), dir.filePath(QStringLiteral("settings.ini")), prompter);
-    QList<double> seconds;
-    for (int run = 0; run < 3; ++run) {
-        context.vendorSession().close();
-        const QString target = Store::vendorDatabasePath(dir.path(), code);
+    double median = 0;
+    auto freshFile = [&dir] {
+        const QString target = Store::vendorDatabasePath(dir.path(), QStringLiteral("BEN"));
         QFile::remove(target);
-        if (!QFile::copy(Store::vendorDatabasePath(dir.path(), QStringLiteral("SRC")), target)) {
-            std::fprintf(stderr, "cannot copy the vendor database\n");
-            return 1;
+        return QFile::copy(Store::vendorDatabasePath(dir.path(), QStringLiteral("SRC")), target);
+    };
+    if (!medianOpen(context, freshFile, median))
+        return 1;
+    std::printf("vendor_open_200k_s %.3f s\n", median);
+
+    if (bench::server().isEmpty())
+        return 0;
+    context.setServer(bench::server());
+    {
+        const QString name = QStringLiteral("fill");
+        bool filled = bench::freshServerVendor(QStringLiteral("SRC"));
+        if (filled) {
+            auto db = ServerStore::openVendor(name, bench::server(), QStringLiteral("SRC"));
+            filled = db && fill(*db);
         }
-        QElapsedTimer timer;
-        timer.start();
-        const auto opened = VendorChooser::openVendor(context, code, QStringLiteral("Bench Supplies"));
-        seconds << timer.nsecsElapsed() / 1e9;
-        if (!opened || !*opened) {
-            std::fprintf(stderr, "the vendor did not open with its live order\n");
-            return 1;
-        }
-        const auto zeroed =
-            Sql::scalar(context.vendorDb(), QStringLiteral("SELECT COUNT(*) FROM items WHERE price = 0"));
-        if (!zeroed || zeroed->toInt() != ExpiredCount) {
-            std::fprintf(stderr, "expected %d zeroed prices\n", ExpiredCount);
+        DatabaseFile::close(name);
+        if (!filled) {
+            std::fprintf(stderr, "cannot fill the vendor on the server\n");
             return 1;
         }
     }
-    context.vendorSession().close();
-    std::sort(seconds.begin(), seconds.end());
-    std::printf("vendor_open_200k_s %.3f s\n", seconds.at(1));
+    if (!medianOpen(
+            context, [] { return bench::freshServerVendor(QStringLiteral("BEN"), QStringLiteral("SRC")); }, median))
+        return 1;
+    std::printf("server_vendor_open_200k_s %.3f s\n", median);
     return 0;
 }
