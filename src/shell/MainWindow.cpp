@@ -76,7 +76,9 @@ const QList<TopMenu>& menuTree() {
          {{"mnusysdefault", "&System Defaults", ""},
           {"mnuFileBar4", "-", ""},
           {"mnucompsys", "&Compact System", ""},
-          {"mnucompvend", "&Compact Vendor", ""}}},
+          {"mnucompvend", "&Compact Vendor", ""},
+          {"mnuFileBar5", "-", ""},
+          {"mnudbserver", "&Database Server...", "", false}}},
     };
     return tree;
 }

@@ -5,6 +5,7 @@
 #include "catalogue/ItemImportCommand.h"
 #include "orders/OrderFormOpener.h"
 #include "reports/ReportWindows.h"
+#include "settings/DatabaseServerDialog.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/AppContext.h"
 #include "shell/BackupCommands.h"
@@ -47,6 +48,14 @@ void wireMenus(MainWindow& mainWindow, AppContext& context) {
     mainWindow.setMenuHandler(QStringLiteral("mnucompsys"),
                               [&mainWindow, &context] { Maintenance::compactSystem(context, mainWindow); });
     mainWindow.setMenuHandler(QStringLiteral("mnucompvend"), [&context] { Maintenance::compactVendor(context); });
+
+    mainWindow.setMenuHandler(QStringLiteral("mnudbserver"), [&mainWindow, &context] {
+        const auto settings = context.settings();
+        const Store::StoreLocation where = context.store();
+        const QString inUse = where.onServer() ? where.describe() : QStringLiteral("the folder ") + where.describe();
+        DatabaseServerDialog dialog(*settings, context.prompter(), inUse, &mainWindow);
+        dialog.exec();
+    });
 
     mainWindow.setMenuHandler(QStringLiteral("mnuBackup"), [&context] { BackupCommands::backUpData(context); });
     mainWindow.setMenuHandler(QStringLiteral("mnuRestore"),
