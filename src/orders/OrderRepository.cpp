@@ -4,6 +4,7 @@
 #include "common/RecordFields.h"
 #include "common/Sql.h"
 #include "orders/OrderWords.h"
+#include "store/Dialect.h"
 #include "store/Schemas.h"
 
 #include <QSqlQuery>
@@ -12,7 +13,10 @@ namespace ordwell {
 
 Result<QString> OrderRepository::NextOrderNumber(const QString& vendorCode) const {
     Sql::Transaction tx(m_db);
-    auto counter = Sql::scalar(m_db, QStringLiteral("SELECT nextord FROM vendor LIMIT 1"));
+    // Two workstations starting orders at once take turns here, each reading the counter the
+    // other left.
+    auto counter =
+        Sql::scalar(m_db, QStringLiteral("SELECT nextord FROM vendor LIMIT 1") + Dialects::lockingRead(m_db));
     if (!counter)
         return counter.status();
     if (!counter->isValid())

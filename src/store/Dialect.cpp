@@ -16,6 +16,23 @@ QString caseBlind(const QSqlDatabase& db, const QString& column) {
     return of(db) == Dialect::PostgreSQL ? column : column + QStringLiteral(" COLLATE NOCASE");
 }
 
+QString lockingRead(const QSqlDatabase& db) {
+    return of(db) == Dialect::PostgreSQL ? QStringLiteral(" FOR UPDATE") : QString();
+}
+
+QString clockPlusSeconds(const QSqlDatabase& db) {
+    return of(db) == Dialect::PostgreSQL
+               ? QStringLiteral("to_char(timezone('UTC', clock_timestamp()) + make_interval(secs => ?), "
+                                "'YYYY-MM-DD HH24:MI:SS')")
+               : QStringLiteral("datetime('now', '+' || ? || ' seconds')");
+}
+
+QString clockNow(const QSqlDatabase& db) {
+    return of(db) == Dialect::PostgreSQL
+               ? QStringLiteral("to_char(timezone('UTC', clock_timestamp()), 'YYYY-MM-DD HH24:MI:SS')")
+               : QStringLiteral("datetime('now')");
+}
+
 Result<bool> hasTable(const QSqlDatabase& db, const QString& table) {
     // A server lists the tables of every schema; only the connection's own counts.
     const QString sql =

@@ -22,6 +22,17 @@ QString exactly(const QSqlDatabase& db, const QString& column);
 // A text column compared without regard to case, as the key columns are on both engines.
 QString caseBlind(const QSqlDatabase& db, const QString& column);
 
+// A SELECT that a read-then-write must hold until its transaction ends: " FOR UPDATE" on a
+// server, where another workstation could otherwise read the same row in between; nothing on
+// a file, whose writing transaction already keeps every other writer out.
+QString lockingRead(const QSqlDatabase& db);
+
+// The database's own clock, `?` seconds on, as the stored date-and-time text ("2026-11-24
+// 17:05:00", UTC): workstations compare times by the one clock they share, never their own.
+QString clockPlusSeconds(const QSqlDatabase& db);
+// The same clock now, with no value to bind.
+QString clockNow(const QSqlDatabase& db);
+
 // True when the database (a file, or the connection's own schema on a server) has `table`.
 Result<bool> hasTable(const QSqlDatabase& db, const QString& table);
 

@@ -117,6 +117,17 @@ Schema buildVendorSchema() {
     s.ExtendTable(QStringLiteral("items"))
         .AddField(QStringLiteral("gtin"), 14, Str, Nul, false, false)
         .AddUniqueIndex(QStringLiteral("items_gtin"), {QStringLiteral("gtin")}, QStringLiteral("gtin IS NOT NULL"));
+
+    s.Since(4);
+    // On a server, the order each workstation is working on, until the time it last renewed
+    // its claim to (by the database's clock); a workstation that stops renewing frees it.
+    s.AddTable(QStringLiteral("orderlease"))
+        .AddField(QStringLiteral("orderid"), 10, Str, Nul, false, true)
+        .AddField(QStringLiteral("workstation"), 38, Str, Nul, false, true)
+        .AddField(QStringLiteral("holder"), 120, Str, Nul, false, true)
+        .AddField(QStringLiteral("expires"), 0, Dat, Nul, false, true)
+        .AddPrimaryKey(QStringLiteral("orderid"))
+        .AddIndex(QStringLiteral("orderlease_workstation"), {QStringLiteral("workstation")});
     return s;
 }
 } // namespace

@@ -1,15 +1,22 @@
-// The program's scripted commands against a real PostgreSQL server (the one scripts/test
-// starts): the price-list import writes the server's catalogue, and the reports read the
-// server's orders, through a session that refuses every write.
+// Several workstations on one real PostgreSQL server (the one scripts/test starts): order
+// numbers drawn at once, orders leased to the workstation working on them, and the program's
+// scripted commands: the price-list import writes the server's catalogue, and the reports
+// read the server's orders, through a session that refuses every write.
 #include "common/Money.h"
 #include "common/Sql.h"
+#include "orders/OrderLeases.h"
+#include "orders/OrderRepository.h"
 #include "store/DatabaseFile.h"
 #include "store/ServerStore.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorRepository.h"
 
+#include <QApplication>
 #include <QProcess>
+#include <QSet>
 #include <QTest>
+#include <QThread>
+#include <thread>
 
 using namespace ordwell;
 
@@ -30,9 +37,44 @@ QString pdfText(const QString& pdf) {
     return QString::fromUtf8(p.readAllStandardOutput());
 }
 
+// A second workstation: its own connection to vendor ABC, made and used on its own thread.
+QStringList drawNumbers(const QString& connection, int count) {
+    QStringList numbers;
+    {
+        auto db = ServerStore::openVendor(connection, server(), QStringLiteral("ABC"));
+        if (!db)
+            return {db.message()};
+        const OrderRepository orders(*db);
+        for (int i = 0; i < count; ++i) {
+            auto number = orders.NextOrderNumber(QStringLiteral("ABC"));
+            numbers << (number ? *number : number.message());
+        }
+    }
+    DatabaseFile::close(connection);
+    return numbers;
+}
+
+const QString OrderId = QStringLiteral("ABC1000000");
+
+// The child process of aKilledHoldersLeaseRunsOut: takes the lease, says so, and waits to be killed.
+int holdLease(const QString& conninfo) {
+    static int noArguments = 0;
+    QCoreApplication app(noArguments, nullptr);
+    auto db = ServerStore::openVendor(QStringLiteral("holder"), conninfo, QStringLiteral("ABC"));
+    if (!db)
+        return 1;
+    OrderLeases leases(*db, QStringLiteral("pc-b-run-1"), QStringLiteral("bob on pc-b"), 2);
+    if (!leases.take(OrderId))
+        return 1;
+    std::printf("held\n");
+    std::fflush(stdout);
+    QThread::sleep(60);
+    return 0;
+}
+
 } // namespace
 
-class TestServerHeadless : public test::StrictTest {
+class TestServerShared : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() {
@@ -87,6 +129,70 @@ private slots:
             QVERIFY2(Sql::run(*db, row), qPrintable(row));
     }
     void cleanup() { DatabaseFile::close(Conn); }
+
+    // Two workstations starting orders at the same moment: every number once, none skipped.
+    void orderNumbersDrawnAtOnce() {
+        QStringList first;
+        QStringList second;
+        std::thread a([&first] { first = drawNumbers(QStringLiteral("pc-a"), 500); });
+        std::thread b([&second] { second = drawNumbers(QStringLiteral("pc-b"), 500); });
+        a.join();
+        b.join();
+        QSet<QString> drawn;
+        for (const QString& number : first + second)
+            drawn.insert(number);
+        QSet<QString> expected;
+        for (int n = 1000001; n <= 1001000; ++n)
+            expected.insert(QStringLiteral("ABC") + QString::number(n));
+        QCOMPARE(drawn.size(), 1000);
+        QCOMPARE(drawn, expected);
+    }
+
+    // An order is its workstation's while the lease runs: refused to another, with who has
+    // it; left out of another's lists; free again once released.
+    void leasesKeepAnOrderToItsWorkstation() {
+        auto other = ServerStore::openVendor(QStringLiteral("pc-b"), server(), QStringLiteral("ABC"));
+        QVERIFY2(other, qPrintable(other.message()));
+        OrderLeases mine(QSqlDatabase::database(Conn), QStringLiteral("pc-a-run-1"), QStringLiteral("ann on pc-a"), 60);
+        OrderLeases theirs(*other, QStringLiteral("pc-b-run-1"), QStringLiteral("bob on pc-b"), 60);
+        QVERIFY(mine.active());
+        QVERIFY(mine.take(OrderId));
+        QVERIFY(mine.take(OrderId)); // renewed, not refused
+        const Status refused = theirs.take(OrderId);
+        QCOMPARE(refused.message(), OrderLeases::heldMessage(OrderId, QStringLiteral("ann on pc-a")));
+        QCOMPARE(theirs.heldElsewhere(OrderId)->value_or(QString()), QStringLiteral("ann on pc-a"));
+        QVERIFY(!mine.heldElsewhere(OrderId)->has_value());
+        auto visible = [](const OrderLeases& leases, const QSqlDatabase& db) {
+            auto n = Sql::scalar(db,
+                                 QStringLiteral("SELECT count(*) FROM orderhead h WHERE true") +
+                                     leases.notLeasedElsewhere(QStringLiteral("h")),
+                                 leases.notLeasedElsewhereValues());
+            return n ? n->toInt() : -1;
+        };
+        QCOMPARE(visible(mine, QSqlDatabase::database(Conn)), 1);
+        QCOMPARE(visible(theirs, *other), 0);
+        QVERIFY(mine.renewAll());
+        QVERIFY(mine.release(OrderId));
+        QVERIFY(theirs.take(OrderId));
+        QVERIFY(!mine.take(OrderId));
+        QVERIFY(theirs.releaseAll());
+        DatabaseFile::close(QStringLiteral("pc-b"));
+    }
+
+    // A workstation killed while it holds an order: the order stays its until the lease runs
+    // out (two seconds here), then another takes it.
+    void aKilledHoldersLeaseRunsOut() {
+        QProcess holder;
+        holder.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold-lease"), server()});
+        QVERIFY(holder.waitForReadyRead(10000));
+        QCOMPARE(holder.readAllStandardOutput(), QByteArray("held\n"));
+        holder.kill();
+        QVERIFY(holder.waitForFinished(5000));
+        OrderLeases mine(QSqlDatabase::database(Conn), QStringLiteral("pc-a-run-2"), QStringLiteral("ann on pc-a"));
+        QCOMPARE(mine.take(OrderId).message(), OrderLeases::heldMessage(OrderId, QStringLiteral("bob on pc-b")));
+        QTRY_VERIFY_WITH_TIMEOUT(mine.take(OrderId), 5000);
+        QVERIFY(mine.release(OrderId));
+    }
 
     void importWritesTheServersCatalogue() {
         test::TestFolders folders;
@@ -152,5 +258,11 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestServerHeadless)
-#include "tst_serverheadless.moc"
+int main(int argc, char** argv) {
+    if (argc == 3 && qstrcmp(argv[1], "--hold-lease") == 0)
+        return holdLease(QString::fromLocal8Bit(argv[2]));
+    QApplication app(argc, argv);
+    TestServerShared test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_servershared.moc"
