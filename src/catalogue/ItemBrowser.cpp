@@ -76,9 +76,27 @@ Status ItemBrowser::add(const Item& item) {
     return Status::ok();
 }
 
-Status ItemBrowser::save(const Item& item) {
-    if (const Status stored = m_items.update(item); !stored)
+Status ItemBrowser::save(const Item& item, bool* changedElsewhere) {
+    // The item as the user saw it; one not on show is taken as it is stored now.
+    Item asRead = item;
+    if (m_current && m_current->code.compare(item.code, Qt::CaseInsensitive) == 0) {
+        asRead = *m_current;
+    } else {
+        const auto stored = m_items.find(item.code);
+        if (!stored)
+            return stored.status();
+        if (stored->has_value())
+            asRead = **stored;
+    }
+    bool changed = false;
+    if (const Status stored = m_items.update(item, asRead, &changed); !stored) {
+        // The item as it is now stored becomes the one shown.
+        if (changed)
+            goTo(item.code);
+        if (changedElsewhere)
+            *changedElsewhere = changed;
         return stored;
+    }
     const auto shown = goTo(item.code);
     if (!shown)
         return shown.status();

@@ -38,7 +38,8 @@ public:
     // Stores a new item; the list then stands at its first row again.
     Status add(const Item& item);
     // Stores an edited item and shows it as stored.
-    Status save(const Item& item);
+    // Saves over the item as it was shown; see ItemRepository::update().
+    Status save(const Item& item, bool* changedElsewhere = nullptr);
 
     // "Record 3 of 10", or `emptyText` when there are no items.
     QString positionText(const QString& emptyText = QStringLiteral("There are no items")) const;

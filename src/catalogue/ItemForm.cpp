@@ -263,8 +263,16 @@ void ItemForm::onSave() {
         }
         if (!succeeded(m_browser->add(item)))
             return;
-    } else if (!succeeded(m_browser->save(item))) {
-        return;
+    } else {
+        bool changedElsewhere = false;
+        if (!succeeded(m_browser->save(item, &changedElsewhere))) {
+            if (changedElsewhere) {
+                showCurrentItem();
+                enterState(State::Browse);
+                focusOn(button(Edit));
+            }
+            return;
+        }
     }
     showCurrentItem();
     enterState(State::Browse);

@@ -196,21 +196,40 @@ Status ItemRepository::insert(const Item& item) {
     return runWith(q, valuesOf(item));
 }
 
-Status ItemRepository::update(const Item& item) {
+Status ItemRepository::update(const Item& item, const Item& asRead, bool* changedElsewhere) {
     Status status;
+    const QStringList compared = {Dialects::exactly(m_db, QStringLiteral("descr")),
+                                  QStringLiteral("packqty"),
+                                  QStringLiteral("defqty"),
+                                  QStringLiteral("price"),
+                                  QStringLiteral("priceexp"),
+                                  QStringLiteral("gtin")};
+    // Only the row as it was read is overwritten: another workstation's change in between is
+    // never lost unseen.
     QSqlQuery& q = prepared(m_statements->update,
                             QStringLiteral("UPDATE items SET descr = ?, packqty = ?, defqty = ?, price = ?, "
-                                           "priceexp = ?, gtin = ? WHERE code = ?"),
+                                           "priceexp = ?, gtin = ? WHERE code = ?") +
+                                Dialects::unchanged(m_db, compared),
                             status);
     if (!status)
         return status;
     QVariantList values = valuesOf(item);
     values.append(values.takeFirst());
+    QVariantList before = valuesOf(asRead);
+    before.removeFirst();
+    values += before;
     if (const Status ran = runWith(q, values); !ran)
         return ran;
-    if (q.numRowsAffected() != 1)
+    if (q.numRowsAffected() == 1)
+        return Status::ok();
+    const auto stillThere = exists(item.code);
+    if (!stillThere)
+        return stillThere.status();
+    if (!*stillThere)
         return Status::fail(QStringLiteral("The item %1 is no longer in the catalogue.").arg(item.code));
-    return Status::ok();
+    if (changedElsewhere)
+        *changedElsewhere = true;
+    return Status::fail(ChangedElsewhereText.arg(item.code));
 }
 
 } // namespace ordwell

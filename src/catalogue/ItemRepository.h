@@ -52,7 +52,12 @@ public:
 
     Status insert(const Item& item);
     // Writes everything but the code onto the stored row of that code; refuses when there is none.
-    Status update(const Item& item);
+    // Writes `item` over the row as `asRead` found it. When another workstation changed the row
+    // in between, nothing is written and `changedElsewhere` is set.
+    Status update(const Item& item, const Item& asRead, bool* changedElsewhere = nullptr);
+    static inline const QString ChangedElsewhereText =
+        QStringLiteral("Someone else has changed the item %1 since it was shown here. The window now shows it as "
+                       "it is stored: make your changes again if they are still needed.");
 
 private:
     struct Statements;

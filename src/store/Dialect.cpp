@@ -33,6 +33,15 @@ QString clockNow(const QSqlDatabase& db) {
                : QStringLiteral("datetime('now')");
 }
 
+QString unchanged(const QSqlDatabase& db, const QStringList& columns) {
+    const QString same =
+        of(db) == Dialect::PostgreSQL ? QStringLiteral(" IS NOT DISTINCT FROM ?") : QStringLiteral(" IS ?");
+    QString sql;
+    for (const QString& column : columns)
+        sql += QStringLiteral(" AND ") + column + same;
+    return sql;
+}
+
 Result<bool> hasTable(const QSqlDatabase& db, const QString& table) {
     // A server lists the tables of every schema; only the connection's own counts.
     const QString sql =

@@ -33,6 +33,11 @@ QString clockPlusSeconds(const QSqlDatabase& db);
 // The same clock now, with no value to bind.
 QString clockNow(const QSqlDatabase& db);
 
+// " AND a IS ? AND b IS ?" for an UPDATE that must find its row as it was read (a null equal
+// to a null); on a server "IS NOT DISTINCT FROM". Text columns are best given through
+// exactly(), so that a change of letter case counts as a change.
+QString unchanged(const QSqlDatabase& db, const QStringList& columns);
+
 // True when the database (a file, or the connection's own schema on a server) has `table`.
 Result<bool> hasTable(const QSqlDatabase& db, const QString& table);
 

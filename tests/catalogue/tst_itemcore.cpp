@@ -204,11 +204,12 @@ private slots:
         QVERIFY(!items.insert(second));
         Item taken = item(QStringLiteral("N1"));
         taken.gtin = first.gtin;
-        QVERIFY(!items.update(taken));
+        QVERIFY(!items.update(taken, item(QStringLiteral("N1"))));
         // Taking the barcode away stores no value, so it may be given to another item.
+        const Item firstStored = first;
         first.gtin.clear();
-        QVERIFY(items.update(first));
-        QVERIFY(items.update(taken));
+        QVERIFY(items.update(first, firstStored));
+        QVERIFY(items.update(taken, item(QStringLiteral("N1"))));
         QCOMPARE(items.find(QStringLiteral("P1"))->value().gtin, QString());
     }
 

@@ -7,6 +7,7 @@
 #include "shell/MenuMasks.h"
 #include "support/TestSupport.h"
 
+#include "catalogue/ItemRepository.h"
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -17,6 +18,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+
 #include <QTest>
 
 using namespace ordwell;
@@ -302,6 +304,17 @@ private slots:
         QCOMPARE(d.position(), QStringLiteral("Record 3 of 3"));
         QCOMPARE(d.mask(), QStringLiteral("1001110011"));
         QCOMPARE(d.stored(QStringLiteral("C3")), QStringLiteral("C3|About C3|6|2|125000|2030-06-30"));
+
+        // Someone else stores the item while it is being edited here: this save is refused and
+        // the window shows what they stored.
+        d.press(ItemForm::Edit);
+        d.type(1, QStringLiteral("Mine"));
+        QVERIFY(Sql::run(d.ctx().vendorDb(), QStringLiteral("UPDATE items SET descr = 'Theirs' WHERE code = 'C3'")));
+        d.prompter().expect(ItemRepository::ChangedElsewhereText.arg(QStringLiteral("C3")));
+        d.press(ItemForm::Save);
+        QCOMPARE(d.shown(), QStringLiteral("C3|Theirs|6|2|12.50|30/06/2030"));
+        QCOMPARE(d.stored(QStringLiteral("C3")), QStringLiteral("C3|Theirs|6|2|125000|2030-06-30"));
+        QCOMPARE(d.position(), QStringLiteral("Record 3 of 3"));
     }
 
     void closeBoxIsCancelWhileAddingAndExitOtherwise() {

@@ -2,6 +2,7 @@
 // numbers drawn at once, orders leased to the workstation working on them, and the program's
 // scripted commands: the price-list import writes the server's catalogue, and the reports
 // read the server's orders, through a session that refuses every write.
+#include "catalogue/ItemRepository.h"
 #include "common/Money.h"
 #include "common/Sql.h"
 #include "orders/OrderLeases.h"
@@ -192,6 +193,28 @@ private slots:
         QCOMPARE(mine.take(OrderId).message(), OrderLeases::heldMessage(OrderId, QStringLiteral("bob on pc-b")));
         QTRY_VERIFY_WITH_TIMEOUT(mine.take(OrderId), 5000);
         QVERIFY(mine.release(OrderId));
+    }
+
+    // Two workstations editing one item: the second save is refused, and the first one's
+    // values stay.
+    void twoSavesOfOneItem() {
+        auto other = ServerStore::openVendor(QStringLiteral("pc-b"), server(), QStringLiteral("ABC"));
+        QVERIFY2(other, qPrintable(other.message()));
+        ItemRepository mine(QSqlDatabase::database(Conn));
+        ItemRepository theirs(*other);
+        const Item shown = mine.find(QStringLiteral("a1"))->value();
+        QCOMPARE(theirs.find(QStringLiteral("A1"))->value(), shown);
+        Item first = shown;
+        first.description = QStringLiteral("APPLES");
+        QVERIFY(theirs.update(first, shown));
+        Item second = shown;
+        second.price = Money::fromPence(1);
+        bool changedElsewhere = false;
+        const Status refused = mine.update(second, shown, &changedElsewhere);
+        QVERIFY(changedElsewhere);
+        QCOMPARE(refused.message(), ItemRepository::ChangedElsewhereText.arg(QStringLiteral("A1")));
+        QCOMPARE(mine.find(QStringLiteral("A1"))->value(), first);
+        DatabaseFile::close(QStringLiteral("pc-b"));
     }
 
     void importWritesTheServersCatalogue() {
