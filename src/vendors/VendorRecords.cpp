@@ -3,6 +3,7 @@
 #include "common/Sql.h"
 #include "common/TextChecks.h"
 #include "store/DatabaseFile.h"
+#include "store/Dialect.h"
 #include "store/Schemas.h"
 #include "store/Store.h"
 #include "vendors/VendorRepository.h"
@@ -63,31 +64,50 @@ struct ConnectionCloser {
     ~ConnectionCloser() { DatabaseFile::close(ConnectionName); }
 };
 
-Status writeRow(const QSqlDatabase& db, const QString& code, const VendorDetails& values, bool insert) {
-    QStringList columns;
-    QVariantList bound;
+Status insertRow(const QSqlDatabase& db, const QString& code, const VendorDetails& values) {
+    QStringList columns{QStringLiteral("vendorid")};
+    QVariantList bound{code};
     for (int i = 0; i < TypedDetailCount; ++i) {
         columns << column(i);
         bound << Sql::textOrNull(values.values[i]);
     }
     columns << QStringLiteral("nextord") << QStringLiteral("ordform");
     bound << values.nextOrder.value_or(0) << values.orderForm;
-    QString sql;
-    if (insert) {
-        columns.prepend(QStringLiteral("vendorid"));
-        bound.prepend(code);
-        QStringList marks;
-        for (int i = 0; i < columns.size(); ++i)
-            marks << QStringLiteral("?");
-        sql = QStringLiteral("INSERT INTO vendor (%1) VALUES (%2)")
-                  .arg(columns.join(QLatin1String(", ")), marks.join(QLatin1String(", ")));
-    } else {
-        QStringList sets;
-        for (const QString& c : columns)
-            sets << c + QStringLiteral(" = ?");
-        sql = QStringLiteral("UPDATE vendor SET %1").arg(sets.join(QLatin1String(", ")));
+    QStringList marks;
+    for (int i = 0; i < columns.size(); ++i)
+        marks << QStringLiteral("?");
+    return Sql::run(db,
+                    QStringLiteral("INSERT INTO vendor (%1) VALUES (%2)")
+                        .arg(columns.join(QLatin1String(", ")), marks.join(QLatin1String(", "))),
+                    bound);
+}
+
+// The typed details and the order form, over the row as it was read when `asRead` is given.
+Status updateRow(const QSqlDatabase& db, const VendorDetails& values, const VendorDetails* asRead,
+                 bool& changedElsewhere) {
+    QStringList sets;
+    QStringList compared;
+    QVariantList bound;
+    for (int i = 0; i < TypedDetailCount; ++i) {
+        sets << column(i) + QStringLiteral(" = ?");
+        compared << Dialects::exactly(db, column(i));
+        bound << Sql::textOrNull(values.values[i]);
     }
-    return Sql::run(db, sql, bound);
+    // The order form's path is kept as the folder's own, which a moved folder rewrites: only
+    // the typed details tell whether someone else has been at the row.
+    sets << QStringLiteral("ordform = ?");
+    bound << values.orderForm;
+    QString sql = QStringLiteral("UPDATE vendor SET ") + sets.join(QLatin1String(", ")) + QStringLiteral(" WHERE true");
+    if (asRead) {
+        sql += Dialects::unchanged(db, compared);
+        for (int i = 0; i < TypedDetailCount; ++i)
+            bound << Sql::textOrNull(asRead->values[i].trimmed());
+    }
+    auto ran = Sql::exec(db, sql, bound);
+    if (!ran)
+        return ran.status();
+    changedElsewhere = ran->numRowsAffected() == 0;
+    return Status::ok();
 }
 
 // A rename, or where the two places lie on different file systems a copy and then the removal
@@ -181,7 +201,8 @@ LoadedDetails LoadVendorDetails(const Store::StoreLocation& where, const QString
 }
 
 Result<VendorDetails> SaveVendorDetails(const Store::StoreLocation& where, const QString& code,
-                                        const VendorDetails& details, SaveMode mode) {
+                                        const VendorDetails& details, SaveMode mode, const VendorDetails* asRead,
+                                        bool* changedElsewhere) {
     const auto cannotSave = [&code](const QString& why) {
         return Status::fail(QStringLiteral("The details of vendor %1 could not be saved.\n%2").arg(code, why));
     };
@@ -215,9 +236,19 @@ Result<VendorDetails> SaveVendorDetails(const Store::StoreLocation& where, const
 
     VendorDetails row = stored;
     row.orderForm = Store::storedFilePath(dataDir, stored.orderForm);
-    const Status written = writeRow(*db, code.trimmed(), row, insert);
-    if (!written)
+    if (insert) {
+        if (const Status written = insertRow(*db, code.trimmed(), row); !written)
+            return cannotSave(written.message());
+        return stored;
+    }
+    bool changed = false;
+    if (const Status written = updateRow(*db, row, asRead, changed); !written)
         return cannotSave(written.message());
+    if (changed) {
+        if (changedElsewhere)
+            *changedElsewhere = true;
+        return Status::fail(ChangedElsewhereText.arg(code.trimmed()));
+    }
     return stored;
 }
 

@@ -105,10 +105,17 @@ struct LoadedDetails {
 LoadedDetails LoadVendorDetails(const Store::StoreLocation& where, const QString& code);
 
 // Writes the details row. New: a fresh row for the vendor with the first order number and the
-// shared order form (or the report imported while adding). Update: rewrites the row, the
-// next order number and the order form included. Returns the details as stored.
+// shared order form (or the report imported while adding). Update: rewrites the typed details
+// and the order form over the row as `asRead` found it; the next order number is the order
+// counter's own and is left as it is. When someone else changed the row in between (another
+// workstation on a server), nothing is written and `changedElsewhere` is set. Returns the
+// details as stored.
 Result<VendorDetails> SaveVendorDetails(const Store::StoreLocation& where, const QString& code,
-                                        const VendorDetails& details, SaveMode mode);
+                                        const VendorDetails& details, SaveMode mode,
+                                        const VendorDetails* asRead = nullptr, bool* changedElsewhere = nullptr);
+inline const QString ChangedElsewhereText =
+    QStringLiteral("Someone else has changed the details of vendor %1 since they were shown here. The window now "
+                   "shows them as they are stored: make your changes again if they are still needed.");
 
 // The identity checks of a new vendor, stopping at the first failure.
 VendorCheck ValidateNewVendor(const QSqlDatabase& systemDb, const QString& companyName, const QString& shortcode);

@@ -215,6 +215,7 @@ void VendorRecordsForm::loadDetails() {
     if (!current)
         return;
     const auto loaded = VendorRecords::LoadVendorDetails(context().store(), current->code);
+    m_asRead = loaded.details;
     showDetails(loaded.details);
     if (!loaded.problem.isEmpty())
         context().prompter().message(loaded.problem, QString(), MessageIcon::Critical);
@@ -336,16 +337,27 @@ void VendorRecordsForm::saveDetails() {
     if (!accept(VendorRecords::ValidateVendorDetails(detailsFromBoxes())))
         return;
     Result<VendorDetails> saved = Status::fail(QString());
+    bool changedElsewhere = false;
     {
         WaitCursor wait;
+        const bool adding = state() == State::AddingDetails;
         saved = VendorRecords::SaveVendorDetails(context().store(), currentCode(), detailsFromBoxes(),
-                                                 state() == State::AddingDetails ? SaveMode::New : SaveMode::Update);
+                                                 adding ? SaveMode::New : SaveMode::Update,
+                                                 adding ? nullptr : &m_asRead, &changedElsewhere);
     }
     if (!saved) {
         tell(saved.message());
+        if (changedElsewhere) {
+            // What the other workstation stored is shown; the user may edit again.
+            loadDetails();
+            enterState(State::Browse);
+            focusOn(button(Exit));
+            return;
+        }
         showEditingPosition();
         return;
     }
+    m_asRead = saved.value();
     showDetails(saved.value());
     enterState(State::Browse);
     focusOn(button(Exit));

@@ -73,6 +73,8 @@ private:
     QPushButton* m_importReport = nullptr;
 
     ListCursor<VendorEntry> m_vendors;
+    // The details as they were read, which a save may only overwrite as they are.
+    VendorDetails m_asRead;
     bool m_shownOnce = false;
 };
 

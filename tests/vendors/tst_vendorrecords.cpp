@@ -397,6 +397,24 @@ private slots:
         QCOMPARE(stored(ctx.dataDir(), "HLF", {"count(*)", "county"}), (QStringList{"1", "Essex"}));
         QCOMPARE(VendorRecords::LoadVendorDetails(ctx.dataDir(), QStringLiteral("HLF")).details[F::County],
                  QStringLiteral("Essex"));
+
+        // Two places save over the same details: the later one is refused, the first kept, and
+        // the order counter that moved meanwhile is never written back.
+        const VendorDetails shown = VendorRecords::LoadVendorDetails(ctx.dataDir(), QStringLiteral("HLF")).details;
+        VendorDetails first = shown;
+        first[F::County] = QStringLiteral("Kent");
+        first.nextOrder = 1;
+        QVERIFY(
+            VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("HLF"), first, SaveMode::Update, &shown));
+        VendorDetails second = shown;
+        second[F::County] = QStringLiteral("Surrey");
+        bool changedElsewhere = false;
+        const auto refused = VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("HLF"), second,
+                                                              SaveMode::Update, &shown, &changedElsewhere);
+        QVERIFY(changedElsewhere);
+        QVERIFY(refused.message().endsWith(VendorRecords::ChangedElsewhereText.arg(QStringLiteral("HLF"))));
+        QCOMPARE(stored(ctx.dataDir(), "HLF", {"county", "nextord"}),
+                 (QStringList{"Kent", QString::number(VendorRecords::FirstOrderNumber)}));
     }
 
     void failedOrCancelledAddLeavesNoVendorBehind() {
