@@ -2,6 +2,7 @@
 
 #include "common/Sql.h"
 #include "common/TextChecks.h"
+#include "store/Dialect.h"
 #include "store/Schemas.h"
 
 #include <QStringList>
@@ -165,7 +166,8 @@ Result<std::optional<OrganisationDetails>> OrganisationDetailsStore::load() cons
     return std::optional<OrganisationDetails>(details);
 }
 
-Status OrganisationDetailsStore::save(const OrganisationDetails& details) const {
+Status OrganisationDetailsStore::save(const OrganisationDetails& details, const OrganisationDetails* asRead,
+                                      bool* changedElsewhere) const {
     auto failed = [](const QString& reason) {
         return Status::fail(
             QStringLiteral("The organisation's details could not be saved, so nothing was changed.\n%1").arg(reason));
@@ -200,9 +202,23 @@ Status OrganisationDetailsStore::save(const OrganisationDetails& details) const 
             assignments << info.column + QStringLiteral(" = ?");
         // The organisation's name is the row's key, so the old name finds the row to rewrite.
         values << currentKey.value();
-        written = Sql::run(
-            m_db, QStringLiteral("UPDATE Sysset SET %1 WHERE location = ?").arg(assignments.join(QStringLiteral(", "))),
-            values);
+        QString sql =
+            QStringLiteral("UPDATE Sysset SET %1 WHERE location = ?").arg(assignments.join(QStringLiteral(", ")));
+        if (asRead) {
+            QStringList compared;
+            for (const DetailsFieldInfo& info : fieldTable())
+                compared << Dialects::exactly(m_db, info.column);
+            sql += Dialects::unchanged(m_db, compared);
+            for (int field = 0; field < DetailsFieldCount; ++field)
+                values << Sql::textOrNull((*asRead)[field]);
+        }
+        auto ran = Sql::exec(m_db, sql, values);
+        written = ran.status();
+        if (ran && asRead && ran->numRowsAffected() == 0) {
+            if (changedElsewhere)
+                *changedElsewhere = true;
+            return Status::fail(ChangedElsewhereText);
+        }
     }
     if (!written)
         return failed(written.message());

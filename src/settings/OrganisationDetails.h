@@ -79,7 +79,14 @@ public:
     // Stores the details as the one row: added when the table is empty, else the existing row
     // is rewritten (its key included), so there is never a second row. Empty optional fields
     // are stored without a value.
-    Status save(const OrganisationDetails& details) const;
+    // With `asRead`, the row is rewritten only as it was read: when someone else saved the
+    // details in between (another workstation on a server), nothing is written and
+    // `changedElsewhere` is set.
+    Status save(const OrganisationDetails& details, const OrganisationDetails* asRead = nullptr,
+                bool* changedElsewhere = nullptr) const;
+    static inline const QString ChangedElsewhereText =
+        QStringLiteral("Someone else has changed the organisation's details since they were shown here. The window "
+                       "now shows them as they are stored: make your changes again if they are still needed.");
 
 private:
     QSqlDatabase m_db;

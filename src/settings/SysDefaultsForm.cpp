@@ -118,6 +118,7 @@ void SysDefaultsForm::ShowDetails() {
     // The boxes show exactly what is stored: a value typed into an empty optional field and
     // then cancelled must not look as if it had been kept.
     const OrganisationDetails details = stored.value().value_or(OrganisationDetails{});
+    m_asRead = details;
     for (int field = 0; field < DetailsFieldCount; ++field)
         m_record->setText(field, details[field]);
 }
@@ -130,6 +131,7 @@ void SysDefaultsForm::InitialState() {
         enterState(Viewing);
         return;
     }
+    m_asRead = stored.value().value_or(OrganisationDetails{});
     if (stored.value()) {
         const OrganisationDetails& details = *stored.value();
         for (int field = 0; field < DetailsFieldCount; ++field)
@@ -159,11 +161,17 @@ bool SysDefaultsForm::ValidateDetails() {
 }
 
 bool SysDefaultsForm::SaveDetails() {
-    const Status saved = OrganisationDetailsStore(context().systemDb()).save(typedDetails());
+    const OrganisationDetails typed = typedDetails();
+    bool changedElsewhere = false;
+    const Status saved = OrganisationDetailsStore(context().systemDb()).save(typed, &m_asRead, &changedElsewhere);
     if (!saved) {
         context().prompter().message(saved.message(), QString(), MessageIcon::Critical);
-        return false;
+        // What the other workstation stored is shown and kept, as a save would have left it.
+        if (changedElsewhere)
+            ShowDetails();
+        return changedElsewhere;
     }
+    m_asRead = typed;
     return true;
 }
 

@@ -47,6 +47,8 @@ private:
     RecordForm* m_record = nullptr;
     QList<QAbstractButton*> m_buttons;
     QLabel* m_instructions[2] = {nullptr, nullptr};
+    // The details as they were read, which a save may only overwrite as they are.
+    OrganisationDetails m_asRead;
     bool m_firstEntry = false;
     bool m_shownOnce = false;
 };

@@ -260,6 +260,16 @@ private slots:
         QVERIFY(box(form, County)->isReadOnly());
         QCOMPARE(syssetRows(t.context(), "county = 'Devon'"), 1);
 
+        // Someone else saves while this window edits: this save is refused and theirs shown.
+        button(form, 0)->click();
+        box(form, County)->setText(QStringLiteral("Cornwall"));
+        QVERIFY(Sql::run(t.context().systemDb(), QStringLiteral("UPDATE Sysset SET county = 'Dorset'")));
+        t.prompter().expect(OrganisationDetailsStore::ChangedElsewhereText);
+        button(form, 1)->click();
+        QCOMPARE(box(form, County)->text(), QStringLiteral("Dorset"));
+        QCOMPARE(buttonMaskOf(form), QStringLiteral("1001"));
+        QCOMPARE(syssetRows(t.context(), "county = 'Dorset'"), 1);
+
         // Even asked again while open, there stays one window.
         main->menuEntry(QStringLiteral("mnusysdefault"))->setEnabled(true);
         main->triggerMenu(QStringLiteral("mnusysdefault"));
