@@ -3,7 +3,10 @@
 #include "OrderTransitions.h"
 #include "common/Dates.h"
 #include "common/Sql.h"
+#include "store/ServerReports.h"
 #include "store/Store.h"
+
+#include <QDir>
 
 namespace ordwell::OrderPrinting {
 
@@ -63,10 +66,15 @@ Result<QMap<QString, QString>> PrintParameters(const QSqlDatabase& systemDb, con
 }
 
 Result<QString> OrderFormFile(const QSqlDatabase& vendorDb, const QString& dataDir) {
-    auto value = Sql::scalar(vendorDb, QStringLiteral("SELECT ordform FROM vendor LIMIT 1"));
-    if (!value)
-        return value.status();
-    return Store::resolveFilePath(dataDir, value.value().toString());
+    auto row = Sql::exec(vendorDb, QStringLiteral("SELECT ordform, vendorid FROM vendor LIMIT 1"));
+    if (!row)
+        return row.status();
+    if (!row.value().next())
+        return Status::fail(QStringLiteral("The vendor's details are missing, so there is no order form to print."));
+    const QString path = Store::resolveFilePath(dataDir, row.value().value(0).toString());
+    // On a server the vendor's own report comes from its data, copied here for printing.
+    return ServerReports::fileFor(
+        vendorDb, path, QDir(dataDir).filePath(QStringLiteral("Server reports/") + row.value().value(1).toString()));
 }
 
 Status RecordReprint(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today) {

@@ -128,6 +128,12 @@ Schema buildVendorSchema() {
         .AddField(QStringLiteral("expires"), 0, Dat, Nul, false, true)
         .AddPrimaryKey(QStringLiteral("orderid"))
         .AddIndex(QStringLiteral("orderlease_workstation"), {QStringLiteral("workstation")});
+    // On a server, the vendor's own report files by name, so every workstation prints the same
+    // order form (a path would name a file on one computer only).
+    s.AddTable(QStringLiteral("reportfile"))
+        .AddField(QStringLiteral("name"), 255, Str, Nul, false, true)
+        .AddField(QStringLiteral("content"), 4 * 1024 * 1024, Str, Nul, false, true)
+        .AddPrimaryKey(QStringLiteral("name"));
     return s;
 }
 } // namespace

@@ -5,6 +5,7 @@
 #include "store/DatabaseFile.h"
 #include "store/Dialect.h"
 #include "store/Schemas.h"
+#include "store/ServerReports.h"
 #include "store/Store.h"
 #include "vendors/VendorRepository.h"
 
@@ -236,6 +237,11 @@ Result<VendorDetails> SaveVendorDetails(const Store::StoreLocation& where, const
 
     VendorDetails row = stored;
     row.orderForm = Store::storedFilePath(dataDir, stored.orderForm);
+    // On a server the vendor's own report goes into its data, for every workstation to print with.
+    if (stored.orderForm != defaultReportPath(dataDir)) {
+        if (const Status kept = ServerReports::keep(*db, stored.orderForm); !kept)
+            return cannotSave(kept.message());
+    }
     if (insert) {
         if (const Status written = insertRow(*db, code.trimmed(), row); !written)
             return cannotSave(written.message());

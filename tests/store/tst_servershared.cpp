@@ -6,10 +6,12 @@
 #include "common/Money.h"
 #include "common/Sql.h"
 #include "orders/OrderLeases.h"
+#include "orders/OrderPrinting.h"
 #include "orders/OrderRepository.h"
 #include "store/DatabaseFile.h"
 #include "store/ServerStore.h"
 #include "support/TestSupport.h"
+#include "vendors/VendorRecords.h"
 #include "vendors/VendorRepository.h"
 
 #include <QApplication>
@@ -215,6 +217,25 @@ private slots:
         QCOMPARE(refused.message(), ItemRepository::ChangedElsewhereText.arg(QStringLiteral("A1")));
         QCOMPARE(mine.find(QStringLiteral("A1"))->value(), first);
         DatabaseFile::close(QStringLiteral("pc-b"));
+    }
+
+    // A vendor's own order form, imported on one workstation, prints on another whose data
+    // folder never had it.
+    void theVendorsOwnReportTravelsWithItsData() {
+        test::TestFolders here;
+        test::TestFolders there;
+        const QString own = here.dataFile(QStringLiteral("acme.rpt"));
+        QVERIFY(test::writeFile(own, "[report]\ntitle = Acme order\n[body]\nAcme's own form\n"));
+        const Store::StoreLocation where(here.dataDir(), server());
+        VendorDetails details = VendorRecords::LoadVendorDetails(where, QStringLiteral("ABC")).details;
+        details.orderForm = own;
+        const auto saved = VendorRecords::SaveVendorDetails(where, QStringLiteral("ABC"), details, SaveMode::Update);
+        QVERIFY2(saved, qPrintable(saved.message()));
+
+        const auto printed = OrderPrinting::OrderFormFile(QSqlDatabase::database(Conn), there.dataDir());
+        QVERIFY2(printed, qPrintable(printed.message()));
+        QVERIFY2(printed->startsWith(there.dataDir()), qPrintable(*printed));
+        QCOMPARE(test::fileContents(*printed), test::fileContents(own));
     }
 
     void importWritesTheServersCatalogue() {

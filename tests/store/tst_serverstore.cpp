@@ -155,11 +155,11 @@ private slots:
             QVERIFY(ServerStore::createVendor(*admin, QStringLiteral("NEW")));
             QVERIFY(ServerStore::createVendor(*admin, QStringLiteral("OLD")));
             // The first layout: the later additions taken away.
-            for (const char* sql :
-                 {"DROP TABLE vendor_old.orderlease", "DROP INDEX vendor_old.items_gtin",
-                  "ALTER TABLE vendor_old.items DROP COLUMN gtin", "DROP TABLE vendor_old.schemaversion",
-                  "INSERT INTO vendor_old.items (code, descr, packqty, defqty, price, priceexp) "
-                  "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"})
+            for (const char* sql : {"DROP TABLE vendor_old.orderlease", "DROP TABLE vendor_old.reportfile",
+                                    "DROP INDEX vendor_old.items_gtin", "ALTER TABLE vendor_old.items DROP COLUMN gtin",
+                                    "DROP TABLE vendor_old.schemaversion",
+                                    "INSERT INTO vendor_old.items (code, descr, packqty, defqty, price, priceexp) "
+                                    "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"})
                 QVERIFY2(Sql::run(*admin, QString::fromLatin1(sql)), sql);
             // An index by the name the upgrade makes, left by hand, makes its step fail.
             QVERIFY(Sql::run(*admin, QStringLiteral("CREATE INDEX items_gtin ON vendor_old.items (descr)")));

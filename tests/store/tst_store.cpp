@@ -64,8 +64,8 @@ void makeFirstLayout(const QString& path) {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
         db.setDatabaseName(path);
         QVERIFY(db.open());
-        for (const char* sql : {"DROP TABLE orderlease", "DROP INDEX items_gtin", "ALTER TABLE items DROP COLUMN gtin",
-                                "DROP TABLE schemaversion",
+        for (const char* sql : {"DROP TABLE orderlease", "DROP TABLE reportfile", "DROP INDEX items_gtin",
+                                "ALTER TABLE items DROP COLUMN gtin", "DROP TABLE schemaversion",
                                 "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
                                 "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"})
             QVERIFY2(Sql::run(db, QString::fromLatin1(sql)), sql);
