@@ -174,6 +174,9 @@ Result<QSqlDatabase> connect(const QString& connectionName, const QString& conni
     }
     // The server's notes ("skipping", "drop cascades") are not for the user's terminal.
     Sql::run(db, QStringLiteral("SET client_min_messages TO warning"));
+    // A row another workstation holds is waited for two seconds, as a busy file is, and then
+    // refused with a message: never a window frozen behind someone else's transaction.
+    Sql::run(db, QStringLiteral("SET lock_timeout TO '2s'"));
     return db;
 }
 

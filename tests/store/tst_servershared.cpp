@@ -149,6 +149,18 @@ private slots:
             expected.insert(QStringLiteral("ABC") + QString::number(n));
         QCOMPARE(drawn.size(), 1000);
         QCOMPARE(drawn, expected);
+
+        // A workstation that keeps the counter locked holds the other up for two seconds at
+        // most: then the other is told, rather than left frozen.
+        auto other = ServerStore::openVendor(QStringLiteral("pc-b"), server(), QStringLiteral("ABC"));
+        QVERIFY(other);
+        Sql::Transaction holding(*other);
+        QVERIFY(Sql::run(*other, QStringLiteral("SELECT nextord FROM vendor FOR UPDATE")));
+        Sql::Refusal why = Sql::Refusal::None;
+        QVERIFY(!Sql::run(QSqlDatabase::database(Conn), QStringLiteral("UPDATE vendor SET nextord = nextord + 1"), {},
+                          &why));
+        QCOMPARE(why, Sql::Refusal::Busy);
+        QVERIFY(!OrderRepository(QSqlDatabase::database(Conn)).NextOrderNumber(QStringLiteral("ABC")));
     }
 
     // An order is its workstation's while the lease runs: refused to another, with who has
