@@ -3,6 +3,7 @@
 #include "common/Money.h"
 #include "common/Sql.h"
 #include "common/WaitCursor.h"
+#include "store/OrderLeases.h"
 
 #include <QSqlQuery>
 
@@ -20,12 +21,13 @@ const QString ItemPence =
 // Each open line whose item is still catalogued and priced differently, in one statement
 // joining the lines to their items and orders (both engines plan it as a join, where a
 // look-up per line and column cost a server a second on a large order book).
-QString repriceLinesSql() {
+QString repriceLinesSql(const QSqlDatabase& vendorDb) {
     return QStringLiteral("UPDATE orderline SET price = i.price, lineval = i.price * orderline.qty "
                           "FROM items i, orderhead h "
                           "WHERE i.code = orderline.code AND h.orderid = orderline.orderid "
                           "AND (h.status = 'L' OR h.status = 'E') AND %1 <> %2")
-        .arg(ItemPence, LinePence);
+               .arg(ItemPence, LinePence) +
+           OrderLeases::notLeasedElsewhere(vendorDb, QStringLiteral("h"));
 }
 
 struct OpenTotal {
@@ -40,15 +42,21 @@ Result<int> revalueOpenOrders(const QSqlDatabase& vendorDb) {
     Sql::Transaction tx(vendorDb);
     if (!tx.isActive())
         return Status::fail(Sql::describe(vendorDb.lastError()));
-    if (Status repriced = Sql::run(vendorDb, repriceLinesSql()); !repriced)
+    // An order another workstation is working on is left to it: its window holds the lines.
+    if (Status repriced =
+            Sql::run(vendorDb, repriceLinesSql(vendorDb), OrderLeases::notLeasedElsewhereValues(vendorDb));
+        !repriced)
         return repriced;
 
     // One pass over the open lines, in order and line sequence, carrying each order's running
     // total; an order without lines totals 0.
-    auto lines = Sql::exec(vendorDb, QStringLiteral("SELECT h.orderid, h.totalval, l.lineval FROM orderhead h "
-                                                    "LEFT JOIN orderline l ON l.orderid = h.orderid "
-                                                    "WHERE h.status = 'L' OR h.status = 'E' "
-                                                    "ORDER BY h.orderid, l.line"));
+    auto lines = Sql::exec(vendorDb,
+                           QStringLiteral("SELECT h.orderid, h.totalval, l.lineval FROM orderhead h "
+                                          "LEFT JOIN orderline l ON l.orderid = h.orderid "
+                                          "WHERE (h.status = 'L' OR h.status = 'E')") +
+                               OrderLeases::notLeasedElsewhere(vendorDb, QStringLiteral("h")) +
+                               QStringLiteral(" ORDER BY h.orderid, l.line"),
+                           OrderLeases::notLeasedElsewhereValues(vendorDb));
     if (!lines)
         return lines.status();
     QList<OpenTotal> changed;

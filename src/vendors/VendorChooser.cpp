@@ -6,6 +6,7 @@
 #include "common/Sql.h"
 #include "common/WaitCursor.h"
 #include "shell/AppContext.h"
+#include "store/OrderLeases.h"
 #include "vendors/VendorSession.h"
 
 namespace ordwell::VendorChooser {
@@ -70,7 +71,12 @@ QString expiredPricesMessage(int count) {
 }
 
 Result<bool> hasLiveOrder(const QSqlDatabase& vendorDb) {
-    auto found = Sql::scalar(vendorDb, QStringLiteral("SELECT 1 FROM orderhead WHERE status = 'L' LIMIT 1"));
+    // A live order another workstation is working on is not this one's to recover.
+    auto found =
+        Sql::scalar(vendorDb,
+                    QStringLiteral("SELECT 1 FROM orderhead h WHERE h.status = 'L'") +
+                        OrderLeases::notLeasedElsewhere(vendorDb, QStringLiteral("h")) + QStringLiteral(" LIMIT 1"),
+                    OrderLeases::notLeasedElsewhereValues(vendorDb));
     if (!found)
         return found.status();
     return found->isValid();

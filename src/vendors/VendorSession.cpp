@@ -1,14 +1,27 @@
 #include "VendorSession.h"
 
+#include "common/Sql.h"
 #include "shell/AppContext.h"
 #include "store/DatabaseFile.h"
+#include "store/Dialect.h"
+#include "store/OrderLeases.h"
 #include "store/Store.h"
+
+#include <QSettings>
+#include <QSysInfo>
 
 namespace ordwell {
 
-VendorSession::VendorSession(AppContext& context, QObject* parent) : QObject(parent), m_context(context) {}
+VendorSession::VendorSession(AppContext& context, QObject* parent) : QObject(parent), m_context(context) {
+    connect(&m_renewal, &QTimer::timeout, this, [this] {
+        if (m_leases)
+            m_leases->renewAll();
+    });
+}
 
 VendorSession::~VendorSession() {
+    if (m_leases)
+        m_leases->releaseAll();
     // Quietly: whoever listens may already be gone.
     DatabaseFile::close(Store::VendorConnection);
 }
@@ -35,6 +48,7 @@ Status VendorSession::open(const QString& code, const QString& name, const std::
         return opened.status();
     }
     setCurrent(trimmed, name);
+    startLeases();
     if (prepare)
         prepare();
     // The preparation may have given up on the vendor.
@@ -44,7 +58,29 @@ Status VendorSession::open(const QString& code, const QString& name, const std::
     return Status::ok();
 }
 
+void VendorSession::startLeases() {
+    const QSqlDatabase vendorDb = db();
+    QString who = qEnvironmentVariable("USER");
+    if (Dialects::of(vendorDb) == Dialect::PostgreSQL) {
+        // Who holds an order, for the others' messages: the server login and this computer.
+        const auto login = Sql::scalar(vendorDb, QStringLiteral("SELECT session_user"));
+        if (login && login->isValid())
+            who = login->toString();
+    }
+    const int seconds =
+        m_context.settings()->value(QStringLiteral("Server/LeaseSeconds"), OrderLeases::DefaultSeconds).toInt();
+    m_leases = std::make_unique<OrderLeases>(vendorDb, OrderLeases::thisWorkstation(),
+                                             who + QStringLiteral(" on ") + QSysInfo::machineHostName(), seconds);
+    if (m_leases->active())
+        m_renewal.start(std::chrono::milliseconds(m_leases->seconds() * 1000 / 4));
+}
+
 void VendorSession::close() {
+    m_renewal.stop();
+    if (m_leases) {
+        m_leases->releaseAll();
+        m_leases.reset();
+    }
     const bool wasOpen = isOpen();
     DatabaseFile::close(Store::VendorConnection);
     setCurrent(QString(), QString());

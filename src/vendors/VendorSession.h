@@ -5,11 +5,14 @@
 #include <QObject>
 #include <QSqlDatabase>
 #include <QString>
+#include <QTimer>
 #include <functional>
+#include <memory>
 
 namespace ordwell {
 
 class AppContext;
+class OrderLeases;
 
 // The one open vendor: its code, its company name and the connection to its database. Only one
 // vendor is open at a time; windows and menus follow the two signals instead of polling state.
@@ -35,6 +38,11 @@ public:
     // Closes the open vendor; nothing happens when none is open.
     void close();
 
+    // The orders this workstation works on, leased to it while the vendor is open (on a server;
+    // on the files nothing is leased) and renewed well within the lease's length. Null while
+    // no vendor is open.
+    OrderLeases* leases() const { return m_leases.get(); }
+
     // For work on the database file itself (compaction): the connection is closed and opened
     // again while the vendor stays the open one. No signal is emitted.
     void detachDatabase();
@@ -47,9 +55,13 @@ signals:
 private:
     void setCurrent(const QString& code, const QString& name);
 
+    void startLeases();
+
     AppContext& m_context;
     QString m_code;
     QString m_name;
+    std::unique_ptr<OrderLeases> m_leases;
+    QTimer m_renewal;
 };
 
 } // namespace ordwell

@@ -3,14 +3,16 @@
 // scripted commands: the price-list import writes the server's catalogue, and the reports
 // read the server's orders, through a session that refuses every write.
 #include "catalogue/ItemRepository.h"
+#include "catalogue/Revaluation.h"
 #include "common/Money.h"
 #include "common/Sql.h"
-#include "orders/OrderLeases.h"
 #include "orders/OrderPrinting.h"
 #include "orders/OrderRepository.h"
 #include "store/DatabaseFile.h"
+#include "store/OrderLeases.h"
 #include "store/ServerStore.h"
 #include "support/TestSupport.h"
+#include "vendors/VendorChooser.h"
 #include "vendors/VendorRecords.h"
 #include "vendors/VendorRepository.h"
 
@@ -192,6 +194,28 @@ private slots:
         QVERIFY(!mine.take(OrderId));
         QVERIFY(theirs.releaseAll());
         DatabaseFile::close(QStringLiteral("pc-b"));
+    }
+
+    // Another workstation's live order, leased to it, is neither offered here for recovery nor
+    // revalued under it; once it is let go, both happen.
+    void anOrderLeasedElsewhereIsLeftAlone() {
+        const QSqlDatabase db = QSqlDatabase::database(Conn);
+        QVERIFY(Sql::run(db, QStringLiteral("UPDATE orderhead SET status = 'L'")));
+        QVERIFY(Sql::run(db, QStringLiteral("UPDATE orderline SET status = 'L'")));
+        QVERIFY(Sql::run(db, QStringLiteral("UPDATE items SET price = 40000")));
+        auto linePrice = [&db] {
+            return Sql::scalar(db, QStringLiteral("SELECT price FROM orderline WHERE line = 1"))->toLongLong();
+        };
+        OrderLeases theirs(db, QStringLiteral("pc-b-run-1"), QStringLiteral("bob on pc-b"), 60);
+        QVERIFY(theirs.take(OrderId));
+        QCOMPARE(*VendorChooser::hasLiveOrder(db), false);
+        QCOMPARE(*revalueOpenOrders(db), 0);
+        QCOMPARE(linePrice(), 30000);
+
+        QVERIFY(theirs.release(OrderId));
+        QCOMPARE(*VendorChooser::hasLiveOrder(db), true);
+        QCOMPARE(*revalueOpenOrders(db), 1);
+        QCOMPARE(linePrice(), 40000);
     }
 
     // A workstation killed while it holds an order: the order stays its until the lease runs

@@ -42,11 +42,19 @@ public:
     // leases are not in use.
     QString notLeasedElsewhere(const QString& alias) const;
     QVariantList notLeasedElsewhereValues() const;
+    // The same for this run of the program, for work that has no leases object at hand.
+    static QString notLeasedElsewhere(const QSqlDatabase& db, const QString& alias);
+    static QVariantList notLeasedElsewhereValues(const QSqlDatabase& db);
+
+    // This run of the program's own name among the workstations: made once, never reused.
+    static const QString& thisWorkstation();
 
     static QString heldMessage(const QString& orderId, const QString& holder);
 
 private:
-    QSqlDatabase m_db;
+    // By name, so that a connection closed and opened again (compaction) is never held open.
+    QSqlDatabase db() const { return QSqlDatabase::database(m_connection, false); }
+    QString m_connection;
     QString m_workstation;
     QString m_holder;
     int m_seconds;
