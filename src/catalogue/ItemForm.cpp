@@ -20,7 +20,7 @@ namespace ordwell {
 
 namespace {
 
-const std::array<ButtonSpec, ItemForm::ButtonCount> ButtonSpecs = {{
+const std::array<ButtonSpec, ItemForm::ButtonCount> ItemButtonSpecs = {{
     {"&Add Item", nullptr},
     {"&Save", nullptr},
     {"&Cancel", nullptr},
@@ -109,7 +109,7 @@ void ItemForm::buildControls() {
 
     m_position = makePositionLabel(this, QStringLiteral("Item position"));
 
-    auto* buttons = makeButtonRow(this, ButtonSpecs.data(), ButtonCount, m_buttons.data());
+    auto* buttons = makeButtonRow(this, ItemButtonSpecs.data(), ButtonCount, m_buttons.data());
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);

@@ -18,7 +18,7 @@ namespace ordwell {
 
 namespace {
 
-const std::array<ButtonSpec, VendorRecordsForm::ButtonCount> ButtonSpecs = {{
+const std::array<ButtonSpec, VendorRecordsForm::ButtonCount> VendorButtonSpecs = {{
     {"&Edit", nullptr},
     {"&Save", nullptr},
     {"&Cancel", nullptr},
@@ -103,7 +103,7 @@ void VendorRecordsForm::buildControls() {
 
     m_recordCount = makePositionLabel(this, QStringLiteral("Record position"));
 
-    auto* buttons = makeButtonRow(this, ButtonSpecs.data(), ButtonCount, m_buttons.data());
+    auto* buttons = makeButtonRow(this, VendorButtonSpecs.data(), ButtonCount, m_buttons.data());
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
