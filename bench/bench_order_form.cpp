@@ -2,8 +2,11 @@
 // 999 lines: how long loading the order into the grid takes, and one scan through the real form
 // (the code typed with Enter, resolved through the rules, the line recorded with the header's
 // total, the quantity confirmed); the same for a product barcode (EAN-13) and a GS1 case label
-// that find their item by its GTIN. Prints "<name> <value> <unit>" lines.
+// that find their item by its GTIN. With a server named (scripts/bench starts one), the plain
+// scan again with the same data on the server, and how many statements it sends there.
+// Prints "<name> <value> <unit>" lines.
 #include "BenchProcess.h"
+#include "BenchServer.h"
 #include "SilentPrompter.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
@@ -12,6 +15,8 @@
 #include "orders/OrderWords.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
+#include "store/DatabaseFile.h"
+#include "store/ServerStore.h"
 #include "store/Store.h"
 #include "vendors/VendorSession.h"
 
@@ -116,6 +121,121 @@ int generate(int argc, char** argv) {
     }
     QSqlDatabase::removeDatabase(QStringLiteral("generate"));
     return 0;
+}
+
+// The same catalogue, rules and order lines on the server, made there in a few statements.
+bool generateOnServer() {
+    if (!bench::freshServerVendor(Vendor))
+        return false;
+    const QString name = QStringLiteral("generate");
+    bool ok = true;
+    {
+        auto db = ServerStore::openVendor(name, bench::server(), Vendor);
+        if (!db) {
+            std::fprintf(stderr, "%s\n", qPrintable(db.message()));
+            return false;
+        }
+        const QStringList statements = {
+            QStringLiteral(
+                "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+                "SELECT 'IT' || lpad(i::text, 8, '0'), 'Item ' || ((i::bigint * 7919) % 1000000) || ' description', "
+                "1 + i % 12, 1 + i % 3, 10000 + (i % 5000) * 100, '2030-01-01' "
+                "FROM generate_series(0, 999999) AS i"),
+            QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) "
+                           "SELECT 'R' || lpad(i::text, 2, '0'), 3, 1, 'A' FROM generate_series(1, 20) AS i"),
+            QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, "
+                           "recvqty, recvdate) SELECT 'BIG1000000', i, 'IT' || lpad((i * 1000 + 7)::text, 8, '0'), "
+                           "'2026-01-05', 'L', 2, 10000 + ((i * 1000 + 7) % 5000) * 100, "
+                           "2 * (10000 + ((i * 1000 + 7) % 5000) * 100), 0, '1980-07-04' "
+                           "FROM generate_series(1, 999) AS i"),
+            QStringLiteral("INSERT INTO vendor (vendorid, customerid, add1, county, postcode, repname, nextord, "
+                           "ordform) VALUES ('BIG', 'C1', '1 Road', 'Kent', 'CT1 1AA', 'Rep', 1000000, 'ordform.rpt')"),
+            QStringLiteral("ANALYZE"),
+        };
+        for (const QString& sql : statements) {
+            const Status ran = ok ? Sql::run(*db, sql) : Status::ok();
+            if (!ran)
+                std::fprintf(stderr, "%s\n", qPrintable(ran.message()));
+            ok = ok && bool(ran);
+        }
+    }
+    DatabaseFile::close(name);
+    return ok;
+}
+
+// Statements the server has run since the last reset, from its own statistics.
+qint64 serverStatements(const QSqlDatabase& db, bool reset) {
+    Sql::run(db, QStringLiteral("CREATE EXTENSION IF NOT EXISTS pg_stat_statements SCHEMA public"));
+    if (reset) {
+        Sql::run(db, QStringLiteral("SELECT public.pg_stat_statements_reset()"));
+        return 0;
+    }
+    const auto calls =
+        Sql::scalar(db, QStringLiteral("SELECT sum(calls) FROM public.pg_stat_statements WHERE dbid = "
+                                       "(SELECT oid FROM pg_database WHERE datname = current_database())"));
+    return calls ? calls->toLongLong() : -1;
+}
+
+// One plain scan through the real form on the server, as on the files.
+int serverScans() {
+    if (!generateOnServer()) {
+        std::fprintf(stderr, "cannot make the catalogue on the server\n");
+        return 1;
+    }
+    QTemporaryDir dir;
+    SilentPrompter prompter;
+    AppContext context(dir.path(), dir.filePath(QStringLiteral("settings.ini")), prompter);
+    context.setServer(bench::server());
+    if (!context.vendorSession().open(Vendor, QStringLiteral("Big Catalogue Ltd"))) {
+        std::fprintf(stderr, "cannot open the vendor on the server\n");
+        return 1;
+    }
+    int status = 0;
+    {
+        MainWindow window(context);
+        window.resize(1200, 900);
+        window.show();
+        window.activateWindow();
+        OrderForm* form = openOrderForm(window, context, OrderMode::New);
+        if (!bench::waitFor([form] { return form->ActivatedOnce; }) || form->ui().txtheader[0]->text() != OrderId) {
+            std::fprintf(stderr, "the order form did not start order %s on the server\n", qPrintable(OrderId));
+            return 1;
+        }
+        form->ui().cmdstartorder->click();
+        // Counted on a connection of its own, so the counting is not counted.
+        const QString counter = QStringLiteral("count");
+        auto admin = ServerStore::connect(counter, bench::server());
+        if (!admin)
+            return 1;
+        serverStatements(*admin, true);
+        std::vector<double> scans;
+        for (int n = 0; n < Scans; ++n) {
+            const int line = 1 + (n * 337) % LineCount;
+            const QString code = QStringLiteral("R%1IT%2X")
+                                     .arg(RuleCount, 2, 10, QLatin1Char('0'))
+                                     .arg(itemOfLine(line), 8, 10, QLatin1Char('0'));
+            QElapsedTimer timer;
+            timer.start();
+            QTest::keyClicks(QApplication::focusWidget(), code);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            scans.push_back(timer.nsecsElapsed() / 1e6);
+        }
+        const qint64 statements = serverStatements(*admin, false);
+        const auto lines =
+            Sql::scalar(context.vendorDb(),
+                        QStringLiteral("SELECT COUNT(*) FROM orderline WHERE orderid = ? AND qty > 2"), {OrderId});
+        if (!lines || lines->toInt() < 100 || prompter.shown) {
+            std::fprintf(stderr, "the scans on the server were not recorded\n");
+            status = 1;
+        }
+        std::printf("server_scan_median_ms %.2f ms\n", bench::median(scans));
+        std::printf("server_scan_statements %.1f per scan\n", double(statements) / Scans);
+        form->ui().cmdbutton[5]->click();
+    }
+    DatabaseFile::close(QStringLiteral("count"));
+    context.vendorSession().close();
+    return status;
 }
 
 } // namespace
@@ -239,5 +359,7 @@ int main(int argc, char** argv) {
         form->ui().cmdbutton[5]->click();
     }
     context.vendorSession().close();
+    if (status == 0 && !bench::server().isEmpty())
+        status = serverScans();
     return status;
 }
