@@ -2,6 +2,7 @@
 
 #include "OrderTransitions.h"
 #include "common/Sql.h"
+#include "store/OrderLeases.h"
 
 namespace ordwell::OrderCancellation {
 
@@ -15,10 +16,12 @@ Status CancelOrder(const QSqlDatabase& db, const QString& orderId) {
 }
 
 Result<std::optional<OrderHeadRow>> FindLiveOrder(const QSqlDatabase& db) {
-    auto query = Sql::exec(db,
-                           QStringLiteral("SELECT %1 FROM orderhead WHERE status = ? ORDER BY orderid LIMIT 1")
-                               .arg(OrderHeadRow::columns()),
-                           {QStringLiteral("L")});
+    // A live order another workstation is working on is not this one's to recover.
+    auto query = Sql::exec(
+        db,
+        QStringLiteral("SELECT %1 FROM orderhead h WHERE h.status = ?").arg(OrderHeadRow::columns()) +
+            OrderLeases::notLeasedElsewhere(db, QStringLiteral("h")) + QStringLiteral(" ORDER BY h.orderid LIMIT 1"),
+        QVariantList{QStringLiteral("L")} + OrderLeases::notLeasedElsewhereValues(db));
     if (!query)
         return query.status();
     if (!query.value().next())

@@ -7,6 +7,7 @@
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
 #include "shell/MenuMasks.h"
+#include "store/OrderLeases.h"
 #include "vendors/VendorSession.h"
 
 #include <QCheckBox>
@@ -224,7 +225,25 @@ void OrderForm::SetLineStatus(const QString& letter) {
         reportFailure(QStringLiteral("The status of the order's lines could not be stored."), done.message());
 }
 
+bool OrderForm::ClaimOrder(const QString& number) {
+    OrderLeases* leases = appContext().vendorSession().leases();
+    if (!leases)
+        return true;
+    const Status taken = leases->take(number);
+    if (!taken)
+        appContext().prompter().message(taken.message(), QStringLiteral("Order in use"), MessageIcon::Exclamation);
+    return bool(taken);
+}
+
+void OrderForm::ReleaseShownOrder() {
+    OrderLeases* leases = appContext().vendorSession().leases();
+    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    if (leases && !number.isEmpty())
+        leases->release(number);
+}
+
 void OrderForm::ResetToIdle() {
+    ReleaseShownOrder();
     m_ui.lblinfo->clear();
     for (QLineEdit* box : m_ui.txtheader)
         box->clear();
@@ -247,6 +266,7 @@ void OrderForm::ResetToIdle() {
 void OrderForm::ExitOrderForm() {
     if (!m_ui.txtheader[Header::OrderNumber]->text().isEmpty())
         FinishShownOrder();
+    ReleaseShownOrder();
     if (ItemsOpen)
         CloseItems();
     if (LinesOpen)

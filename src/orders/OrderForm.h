@@ -45,6 +45,11 @@ public:
     void SetOrderStatus(const QString& orderNumber, const QString& letter);
     void SetLineStatus(const QString& letter);
     void ResetToIdle();
+    // On a server, the order is this workstation's while it is shown here: claimed when it
+    // comes up (refused, with who has it, while another workstation works on it), let go when
+    // the form goes idle or closes.
+    bool ClaimOrder(const QString& number);
+    void ReleaseShownOrder();
     void ExitOrderForm();
 
     // Screen-state routines: each sets exactly what it names.

@@ -69,7 +69,7 @@ void RecoverLiveOrder(OrderForm& form) {
         form.reportFailure(QStringLiteral("The live order could not be read."), live.message());
         return;
     }
-    if (!live.value())
+    if (!live.value() || !form.ClaimOrder(live.value()->orderId))
         return;
     const auto texts = OrderCancellation::RecoveredHeaderTexts(*live.value());
     for (int i = 0; i < 8; ++i)

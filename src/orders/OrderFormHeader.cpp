@@ -37,6 +37,7 @@ void OrderForm::ShowNewHeader() {
     const QString number = NextOrderNumber();
     if (number.isEmpty())
         return;
+    ClaimOrder(number);
     m_ui.txtheader[Header::OrderNumber]->setText(number);
     m_ui.txtheader[Header::OrderDate]->setText(Dates::shortDate(today));
     m_ui.txtheader[Header::Status]->setText(QStringLiteral("L - Live"));

@@ -177,6 +177,12 @@ void select(OrderForm& form) {
     CloseOrderList(form);
     form.EnableMainButtons(true);
     form.ShowNavigationBar(false);
+    // Another workstation working on the order keeps it: said, and the form goes back to idle.
+    if (!form.ClaimOrder(header(form, Header::OrderNumber)->text())) {
+        header(form, Header::OrderNumber)->clear();
+        form.ResetToIdle();
+        return;
+    }
     if (form.OrderMode == OrderMode::Load || form.OrderMode == OrderMode::Live) {
         const QString status = header(form, Header::Status)->text();
         if (status == OrderStatus::Live || status == OrderStatus::Entered) {

@@ -23,14 +23,14 @@ QString lockingRead(const QSqlDatabase& db) {
 QString clockPlusSeconds(const QSqlDatabase& db) {
     return of(db) == Dialect::PostgreSQL
                ? QStringLiteral("to_char(timezone('UTC', clock_timestamp()) + make_interval(secs => ?), "
-                                "'YYYY-MM-DD HH24:MI:SS')")
-               : QStringLiteral("datetime('now', '+' || ? || ' seconds')");
+                                "'YYYY-MM-DD HH24:MI:SS.MS')")
+               : QStringLiteral("strftime('%Y-%m-%d %H:%M:%f', 'now', '+' || ? || ' seconds')");
 }
 
 QString clockNow(const QSqlDatabase& db) {
     return of(db) == Dialect::PostgreSQL
-               ? QStringLiteral("to_char(timezone('UTC', clock_timestamp()), 'YYYY-MM-DD HH24:MI:SS')")
-               : QStringLiteral("datetime('now')");
+               ? QStringLiteral("to_char(timezone('UTC', clock_timestamp()), 'YYYY-MM-DD HH24:MI:SS.MS')")
+               : QStringLiteral("strftime('%Y-%m-%d %H:%M:%f', 'now')");
 }
 
 QString unchanged(const QSqlDatabase& db, const QStringList& columns) {

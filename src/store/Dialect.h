@@ -28,7 +28,7 @@ QString caseBlind(const QSqlDatabase& db, const QString& column);
 QString lockingRead(const QSqlDatabase& db);
 
 // The database's own clock, `?` seconds on, as the stored date-and-time text ("2026-11-24
-// 17:05:00", UTC): workstations compare times by the one clock they share, never their own.
+// 17:05:00.250", UTC, to the millisecond): workstations compare times by the one clock they share, never their own.
 QString clockPlusSeconds(const QSqlDatabase& db);
 // The same clock now, with no value to bind.
 QString clockNow(const QSqlDatabase& db);

@@ -6,18 +6,28 @@
 #include "catalogue/Revaluation.h"
 #include "common/Money.h"
 #include "common/Sql.h"
+#include "orders/OrderForm.h"
 #include "orders/OrderPrinting.h"
 #include "orders/OrderRepository.h"
+#include "orders/OrderWords.h"
+#include "shell/AppContext.h"
+#include "shell/MainWindow.h"
+#include "shell/MenuMasks.h"
 #include "store/DatabaseFile.h"
 #include "store/OrderLeases.h"
 #include "store/ServerStore.h"
+#include "store/Store.h"
+#include "support/ScriptedPrompter.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorChooser.h"
 #include "vendors/VendorRecords.h"
 #include "vendors/VendorRepository.h"
+#include "vendors/VendorSession.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QSet>
 #include <QTest>
 #include <QThread>
@@ -193,7 +203,6 @@ private slots:
         QVERIFY(theirs.take(OrderId));
         QVERIFY(!mine.take(OrderId));
         QVERIFY(theirs.releaseAll());
-        DatabaseFile::close(QStringLiteral("pc-b"));
     }
 
     // Another workstation's live order, leased to it, is neither offered here for recovery nor
@@ -252,7 +261,6 @@ private slots:
         QVERIFY(changedElsewhere);
         QCOMPARE(refused.message(), ItemRepository::ChangedElsewhereText.arg(QStringLiteral("A1")));
         QCOMPARE(mine.find(QStringLiteral("A1"))->value(), first);
-        DatabaseFile::close(QStringLiteral("pc-b"));
     }
 
     // A vendor's own order form, imported on one workstation, prints on another whose data
@@ -272,6 +280,56 @@ private slots:
         QVERIFY2(printed, qPrintable(printed.message()));
         QVERIFY2(printed->startsWith(there.dataDir()), qPrintable(*printed));
         QCOMPARE(test::fileContents(*printed), test::fileContents(own));
+    }
+
+    // The order form on a second workstation: an order another one is working on is refused
+    // with who has it; once that workstation is gone and its lease has run out, it is taken
+    // up here, and then it is this workstation's.
+    void theOrderFormRespectsAnotherWorkstationsOrder() {
+        QVERIFY(Sql::run(QSqlDatabase::database(Conn), QStringLiteral("UPDATE orderhead SET status = 'E'")));
+        QProcess holder;
+        holder.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold-lease"), server()});
+        QVERIFY(holder.waitForReadyRead(10000));
+
+        test::TestFolders folders;
+        test::ScriptedPrompter prompter;
+        AppContext ctx(folders.dataDir(), folders.settingsFile(), prompter);
+        ctx.setServer(server());
+        QVERIFY(Store::OpenSystemDatabase(ctx.store()));
+        test::storeOrganisationDetails(ctx);
+        QVERIFY(ctx.vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Supplies")));
+        {
+            auto window = test::openMainWindow(ctx);
+            window->ApplyMenuMask(MenuMasks::VendorOpen);
+            window->triggerMenu(QStringLiteral("mnuLdOrd"));
+            auto* form = window->findChild<OrderForm*>();
+            QVERIFY(form && QTest::qWaitFor([form] { return form->ActivatedOnce; }, 5000));
+            const OrderFormControls& ui = form->ui();
+            QCOMPARE(ui.txtheader[0]->text(), OrderId);
+            prompter.expect(OrderLeases::heldMessage(OrderId, QStringLiteral("bob on pc-b")));
+            ui.cmdnavbutton[2]->click();
+            QVERIFY(ui.txtheader[0]->text().isEmpty());
+            QCOMPARE(Sql::scalar(ctx.vendorDb(), QStringLiteral("SELECT status FROM orderhead"))->toString(),
+                     QStringLiteral("E"));
+
+            holder.kill();
+            QVERIFY(holder.waitForFinished(5000));
+            QTest::qWait(2500); // its two-second lease runs out
+            ui.cmdbutton[MainButton::LoadOrder]->click();
+            ui.cmdnavbutton[2]->click();
+            QCOMPARE(ui.txtheader[0]->text(), OrderId);
+            QCOMPARE(Sql::scalar(ctx.vendorDb(), QStringLiteral("SELECT status FROM orderhead"))->toString(),
+                     QStringLiteral("L"));
+            OrderLeases other(ctx.vendorDb(), QStringLiteral("pc-c-run-1"), QStringLiteral("cy on pc-c"));
+            QVERIFY(other.take(OrderId).message().contains(QStringLiteral(" on ")));
+            ui.cmdbutton[MainButton::Exit]->click();
+        }
+        // Closing the form lets the order go.
+        OrderLeases other(ctx.vendorDb(), QStringLiteral("pc-c-run-1"), QStringLiteral("cy on pc-c"));
+        QVERIFY(other.take(OrderId));
+        QVERIFY(other.release(OrderId));
+        ctx.vendorSession().close();
+        ctx.closeSystemDb();
     }
 
     void importWritesTheServersCatalogue() {
