@@ -33,6 +33,16 @@ int main(int argc, char* argv[]) {
         }
         return ordwell::renderReportHeadless(argc, argv, early);
     }
+    if (!early.copyToServer.isEmpty()) {
+        QCoreApplication app(argc, argv);
+        QTextStream out(stdout);
+        QTextStream err(stderr);
+        if (!early.error.isEmpty()) {
+            err << early.error << Qt::endl;
+            return ordwell::HeadlessBackup::BadArguments;
+        }
+        return ordwell::HeadlessBackup::copyToServer(early, out, err);
+    }
     if (!early.backupFile.isEmpty() || !early.restoreFile.isEmpty()) {
         QCoreApplication app(argc, argv);
         QTextStream out(stdout);

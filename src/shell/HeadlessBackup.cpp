@@ -1,6 +1,8 @@
 #include "HeadlessBackup.h"
 
 #include "store/Backup.h"
+#include "store/ServerCopy.h"
+#include "store/ServerStore.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -36,6 +38,25 @@ int run(const Options& options, QTextStream& out, QTextStream& err) {
         << Qt::endl;
     if (!restored.message.isEmpty())
         out << restored.message << Qt::endl;
+    return Done;
+}
+
+int copyToServer(const Options& options, QTextStream& out, QTextStream& err) {
+    if (const auto form = ServerStore::keywordForm(options.copyToServer); !form) {
+        err << form.message() << Qt::endl;
+        return BadArguments;
+    }
+    const QString dataDir = resolveDataDir(options);
+    const auto copied = ServerCopy::copyDataFolder(dataDir, options.copyToServer);
+    if (!copied) {
+        err << copied.message() << Qt::endl;
+        return Refused;
+    }
+    out << QStringLiteral("The data in %1 has been copied to %2 and checked against the files:")
+               .arg(QDir::toNativeSeparators(dataDir), ServerStore::describe(options.copyToServer))
+        << Qt::endl;
+    for (const QString& line : *copied)
+        out << QStringLiteral("  ") << line << Qt::endl;
     return Done;
 }
 

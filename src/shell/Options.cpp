@@ -41,6 +41,11 @@ QString applyReportParameters(Options& options, const QStringList& values) {
 
 // The options that only make sense together, once every option has been read.
 QString checkCombinations(const Options& options) {
+    if (!options.copyToServer.isEmpty() &&
+        (!options.backupFile.isEmpty() || !options.restoreFile.isEmpty() || !options.importFile.isEmpty() ||
+         !options.renderReport.isEmpty() || !options.vendorCode.isEmpty() || !options.server.isEmpty() ||
+         !options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty()))
+        return S("--copy-to-server takes only --data-dir and --settings.");
     const bool backupRun = !options.backupFile.isEmpty() || !options.restoreFile.isEmpty();
     if (!options.backupFile.isEmpty() && !options.restoreFile.isEmpty())
         return S("--backup and --restore are separate runs.");
@@ -102,6 +107,11 @@ const std::vector<OptionSpec>& optionTable() {
          applyReportParameters},
         {{S("pdf")}, S("FILE"), S("The PDF file --render-report writes."),
          [](Options& o, const QStringList& v) { o.pdfOutput = last(v); return QString(); }},
+        {{S("copy-to-server")}, S("CONNINFO"),
+         S("Copy the whole data folder (every vendor, deactivated ones too) into this PostgreSQL server's "
+           "database, which must hold no Ordwell data yet; check it against the files, say what was copied, and "
+           "exit. The files are left as they were."),
+         [](Options& o, const QStringList& v) { o.copyToServer = last(v); return QString(); }},
         {{S("backup")}, S("FILE"),
          S("Write a backup of the data folder (databases, report files, agreement) to the archive FILE "
            "and exit, with no window (exit 0 written, 1 not written, 2 bad arguments)."),

@@ -10,6 +10,7 @@
 #include "orders/OrderPrinting.h"
 #include "orders/OrderRepository.h"
 #include "orders/OrderWords.h"
+#include "settings/OrganisationDetails.h"
 #include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuMasks.h"
@@ -91,18 +92,10 @@ int holdLease(const QString& conninfo) {
 
 class TestServerShared : public test::StrictTest {
     Q_OBJECT
-private slots:
-    void initTestCase() {
-        test::initTestEnvironment();
-        if (server().isEmpty()) {
-            if (qEnvironmentVariableIsSet("ORDWELL_REQUIRE_SERVER"))
-                QFAIL("ORDWELL_TEST_SERVER is not set");
-            QSKIP("no test server (run through scripts/test)");
-        }
-    }
 
-    // The organisation, vendor ABC with one order of two lines (one cancelled), nothing else.
-    void init() {
+    // A server database holding nothing of ours.
+    void dropOurSchemas() {
+        DatabaseFile::close(Conn);
         {
             auto admin = ServerStore::connect(Admin, server());
             QVERIFY2(admin, qPrintable(admin.message()));
@@ -115,6 +108,26 @@ private slots:
                 names << schemas.value().value(0).toString();
             for (const QString& name : names)
                 QVERIFY(Sql::run(*admin, QStringLiteral("DROP SCHEMA %1 CASCADE").arg(name)));
+        }
+        DatabaseFile::close(Admin);
+    }
+
+private slots:
+    void initTestCase() {
+        test::initTestEnvironment();
+        if (server().isEmpty()) {
+            if (qEnvironmentVariableIsSet("ORDWELL_REQUIRE_SERVER"))
+                QFAIL("ORDWELL_TEST_SERVER is not set");
+            QSKIP("no test server (run through scripts/test)");
+        }
+    }
+
+    // The organisation, vendor ABC with one order of two lines (one cancelled), nothing else.
+    void init() {
+        dropOurSchemas();
+        {
+            auto admin = ServerStore::connect(Admin, server());
+            QVERIFY2(admin, qPrintable(admin.message()));
             QVERIFY(ServerStore::createSystem(*admin));
             QVERIFY(ServerStore::createVendor(*admin, QStringLiteral("ABC")));
         }
@@ -330,6 +343,82 @@ private slots:
         QVERIFY(other.release(OrderId));
         ctx.vendorSession().close();
         ctx.closeSystemDb();
+    }
+
+    // A data folder moved to an empty server database: everything copied and checked, the
+    // files untouched, the copy usable by the program; a second copy refused.
+    void aDataFolderMovesToTheServer() {
+        dropOurSchemas();
+        test::TestFolders folders;
+        const QString dir = folders.dataDir();
+        {
+            QVERIFY(Store::CreateSystemDatabase(dir));
+            auto system = Store::OpenSystemDatabase(dir);
+            QVERIFY(system);
+            OrganisationDetails details;
+            for (int field = 0; field < DetailsFieldCount; ++field)
+                details[field] = QStringLiteral("x");
+            details[Location] = QStringLiteral("Harbour Books");
+            QVERIFY(OrganisationDetailsStore(*system).save(details));
+            for (const char* code : {"ABC", "OLD"}) {
+                QVERIFY(VendorRepository::addVendor(*system, QString::fromLatin1(code) + QStringLiteral(" Ltd"),
+                                                    QString::fromLatin1(code)));
+                QVERIFY(Store::CreateVendorDatabase(dir, QString::fromLatin1(code)));
+            }
+            QVERIFY(VendorRepository::deactivateVendor(*system, QStringLiteral("OLD")));
+            auto abc =
+                Store::OpenVendorDatabase(dir, Store::vendorFileName(QStringLiteral("ABC")), QStringLiteral("file"));
+            QVERIFY(abc);
+            for (const char* sql :
+                 {"INSERT INTO vendor (vendorid, customerid, add1, county, postcode, repname, nextord, ordform) "
+                  "VALUES ('ABC', 'C1', '1 Road', 'Kent', 'CT1 1AA', 'Rep', 1000002, 'ordform.rpt')",
+                  "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES ('A1', 'Apples', 1, 1, "
+                  "30000, '2030-12-31'), ('B2', 'Caf\u00e9 & Co', 6, 1, 12345, '2030-12-31')",
+                  "INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES ('R1', 2, 0, 'A'), "
+                  "('R2', 1, 1, 'D')",
+                  "INSERT INTO orderhead (orderid, orderdate, status, totalval) VALUES ('ABC1000000', "
+                  "'2026-03-11', 'X', 90000), ('ABC1000001', '2026-03-12', 'C', 0)",
+                  "INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty) "
+                  "VALUES ('ABC1000000', 1, 'A1', '2026-03-11', 'X', 3, 30000, 90000, 0)"})
+                QVERIFY2(Sql::run(*abc, QString::fromUtf8(sql)), sql);
+        }
+        DatabaseFile::close(QStringLiteral("file"));
+        DatabaseFile::close(Store::SystemConnection);
+        const QByteArray before = test::fileContents(Store::vendorDatabasePath(dir, QStringLiteral("ABC")));
+
+        const QStringList copy{QStringLiteral("--data-dir"), dir, QStringLiteral("--copy-to-server"), server()};
+        test::Finished run = test::runHeadless(QStringLiteral(ORDWELL_EXE), copy);
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        QVERIFY2(run.out.contains(QStringLiteral("ABC ABC Ltd: 2 items, 2 barcode rules, 2 orders, 1 order lines.")) &&
+                     run.out.contains(QStringLiteral("OLD OLD Ltd (deactivated): 0 items")),
+                 qPrintable(run.out));
+        QCOMPARE(test::fileContents(Store::vendorDatabasePath(dir, QStringLiteral("ABC"))), before);
+        {
+            auto db = ServerStore::openVendor(QStringLiteral("copied"), server(), QStringLiteral("ABC"));
+            QVERIFY2(db, qPrintable(db.message()));
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT descr FROM items WHERE code = 'b2'"))->toString(),
+                     QStringLiteral("Caf\u00e9 & Co"));
+            // The next rule added gets a number of its own.
+            QVERIFY(Sql::run(*db, QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) "
+                                                 "VALUES ('R3', 0, 0, 'A')")));
+            QCOMPARE(OrderRepository(*db).NextOrderNumber(QStringLiteral("ABC")).value(), QStringLiteral("ABC1000002"));
+        }
+        DatabaseFile::close(QStringLiteral("copied"));
+        const QString pdf = folders.dataFile(QStringLiteral("form.pdf"));
+        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
+                                {QStringLiteral("--server"), server(), QStringLiteral("--data-dir"), dir,
+                                 QStringLiteral("--vendor"), QStringLiteral("ABC"), QStringLiteral("--render-report"),
+                                 QStringLiteral("ordform.rpt"), QStringLiteral("--param"),
+                                 QStringLiteral("ordnum=ABC1000000"), QStringLiteral("--pdf"), pdf});
+        QVERIFY2(run.code == 0 && pdfText(pdf).contains(QStringLiteral("ABC1000000")), qPrintable(run.err));
+
+        run = test::runHeadless(QStringLiteral(ORDWELL_EXE), copy);
+        QCOMPARE(run.code, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("already holds Ordwell data")), qPrintable(run.err));
+        run = test::runHeadless(
+            QStringLiteral(ORDWELL_EXE),
+            {QStringLiteral("--data-dir"), dir, QStringLiteral("--copy-to-server"), QStringLiteral("shop-server")});
+        QCOMPARE(run.code, 2);
     }
 
     void importWritesTheServersCatalogue() {
