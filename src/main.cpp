@@ -1,4 +1,5 @@
 #include "catalogue/HeadlessImport.h"
+#include "orders/HeadlessEmail.h"
 #include "reports/HeadlessReport.h"
 #include "shell/HeadlessBackup.h"
 #include "shell/Options.h"
@@ -33,6 +34,8 @@ int main(int argc, char* argv[]) {
         }
         return ordwell::renderReportHeadless(argc, argv, early);
     }
+    if (!early.emailOrder.isEmpty())
+        return ordwell::emailOrderHeadless(argc, argv, early);
     if (!early.copyToServer.isEmpty()) {
         QCoreApplication app(argc, argv);
         QTextStream out(stdout);

@@ -55,6 +55,14 @@ QString checkCombinations(const Options& options) {
         return S("--backup and --restore take only --data-dir and --settings.");
     if (!options.importFile.isEmpty() && !options.renderReport.isEmpty())
         return S("--import-items and --render-report are separate runs.");
+    if (!options.emailOrder.isEmpty()) {
+        if (options.vendorCode.isEmpty())
+            return S("--email-order needs --vendor CODE.");
+        if (!options.importFile.isEmpty() || !options.renderReport.isEmpty() || !options.pdfOutput.isEmpty() ||
+            !options.reportParameters.isEmpty())
+            return S("--email-order takes only --vendor, --data-dir, --server and --settings.");
+        return {};
+    }
     if (!options.renderReport.isEmpty()) {
         if (options.vendorCode.isEmpty())
             return S("--render-report needs --vendor CODE.");
@@ -107,6 +115,10 @@ const std::vector<OptionSpec>& optionTable() {
          applyReportParameters},
         {{S("pdf")}, S("FILE"), S("The PDF file --render-report writes."),
          [](Options& o, const QStringList& v) { o.pdfOutput = last(v); return QString(); }},
+        {{S("email-order")}, S("NUMBER"),
+         S("Render this order of --vendor on the vendor's order form as a PDF, open the mail program on a "
+           "message to the vendor with it attached (xdg-email), mark the order sent, and exit."),
+         [](Options& o, const QStringList& v) { o.emailOrder = last(v); return QString(); }},
         {{S("copy-to-server")}, S("CONNINFO"),
          S("Copy the whole data folder (every vendor, deactivated ones too) into this PostgreSQL server's "
            "database, which must hold no Ordwell data yet; check it against the files, say what was copied, and "

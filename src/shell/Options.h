@@ -23,6 +23,7 @@ struct Options {
     QString pdfOutput;                                   // --pdf: where that PDF goes
     QString backupFile;                                  // --backup: archive the data folder here, then end
     QString restoreFile;                                 // --restore: replace the data by this archive, then end
+    QString emailOrder;                                  // --email-order: mail this order of --vendor, then end
     QString copyToServer;                                // --copy-to-server: copy the data folder there, then end
     bool showHelp = false;
     bool showVersion = false;

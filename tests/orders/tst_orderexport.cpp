@@ -5,9 +5,12 @@
 #include "OrderDataFixture.h"
 #include "orders/ExportRecords.h"
 #include "orders/OrderExport.h"
+#include "vendors/VendorRepository.h"
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace ordwell;
@@ -40,6 +43,69 @@ class TestOrderExport : public test::StrictTest {
 
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
+
+    // E-mailed through the real program: the PDF made, the mail program handed the message,
+    // and the order marked sent as an export marks it; nothing marked when no mail program
+    // answers, none is there, or the vendor has no address.
+    void emailedAsAnExportSendsIt() {
+        test::OrderDataFixture f;
+        QVERIFY(VendorRepository::addVendor(f.systemDb(), QStringLiteral("Acme Supplies"), QStringLiteral("ABC")));
+        f.addItem(QStringLiteral("A1"), QStringLiteral("Apples & pears"), Money::fromPence(300));
+        f.addOrder(Id, QStringLiteral("P"), Money::fromPence(900));
+        f.addLine(Id, 1, QStringLiteral("A1"), 3, Money::fromPence(300), QStringLiteral("P"));
+        QTemporaryDir bin;
+        const QString record = bin.filePath(QStringLiteral("arguments"));
+        QVERIFY(test::writeFile(bin.filePath(QStringLiteral("xdg-email")),
+                                "#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$MAIL_RECORD\"\nexit ${MAIL_EXIT:-0}\n"));
+        QFile::setPermissions(bin.filePath(QStringLiteral("xdg-email")),
+                              QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", bin.path().toLocal8Bit() + ':' + path);
+        qputenv("MAIL_RECORD", record.toLocal8Bit());
+        const QStringList email{QStringLiteral("--data-dir"),    f.ctx().dataDir(),
+                                QStringLiteral("--vendor"),      QStringLiteral("ABC"),
+                                QStringLiteral("--email-order"), QStringLiteral("abc1000000")};
+        auto send = [&](const char* exitCode) {
+            qputenv("MAIL_EXIT", exitCode);
+            return test::runHeadless(QStringLiteral(ORDWELL_EXE), email);
+        };
+
+        test::Finished run = send("3");
+        QVERIFY2(run.code == 1, qPrintable(run.err));
+        QVERIFY2(run.err.contains(QStringLiteral("No mail program answered (xdg-email: exit code 3)")),
+                 qPrintable(run.err));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("P"));
+
+        run = send("0");
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        QCOMPARE(run.out.trimmed(),
+                 QStringLiteral("The order ABC1000000 has been handed to the mail program, addressed to "
+                                "cat@acme.example."));
+        const QStringList arguments = QString::fromUtf8(test::fileContents(record)).split(QLatin1Char('\n'));
+        QCOMPARE(arguments.mid(0, 3), (QStringList{QStringLiteral("--utf8"), QStringLiteral("--subject"),
+                                                   QStringLiteral("Order ABC1000000 from Head Office")}));
+        QVERIFY(arguments.contains(QStringLiteral("Dear Cat,")));
+        const qsizetype attach = arguments.indexOf(QStringLiteral("--attach"));
+        QVERIFY(attach > 0);
+        QCOMPARE(arguments.at(attach + 2), QStringLiteral("cat@acme.example"));
+        QProcess pdfText;
+        pdfText.start(QStringLiteral("pdftotext"), {arguments.at(attach + 1), QStringLiteral("-")});
+        QVERIFY(pdfText.waitForFinished(30000));
+        const QString text = QString::fromUtf8(pdfText.readAllStandardOutput());
+        QVERIFY2(text.contains(Id) && text.contains(QStringLiteral("Apples & pears")), qPrintable(text));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("X"));
+
+        f.exec(QStringLiteral("UPDATE orderhead SET status = 'P'"));
+        qputenv("PATH", bin.filePath(QStringLiteral("nothing")).toLocal8Bit());
+        run = send("0");
+        qputenv("PATH", path);
+        QVERIFY2(run.code == 1 && run.err.contains(QStringLiteral("xdg-email is missing")), qPrintable(run.err));
+        f.exec(QStringLiteral("UPDATE vendor SET contactemail = NULL, repemail = NULL"));
+        run = send("0");
+        QVERIFY2(run.code == 1 && run.err.contains(QStringLiteral("has no e-mail address")), qPrintable(run.err));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("P"));
+    }
 
     // No lines: five records; empty fields keep their commas, so FROM has 10 fields and TO 14.
     void orderWithoutLines() {
