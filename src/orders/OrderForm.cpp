@@ -4,6 +4,8 @@
 #include "catalogue/ScanKeyFilter.h"
 
 #include "common/FormHelpers.h"
+#include "common/WaitCursor.h"
+#include "orders/OrderEmail.h"
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
 #include "shell/MenuMasks.h"
@@ -12,6 +14,7 @@
 
 #include <QCheckBox>
 #include <QEvent>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -68,6 +71,7 @@ void OrderForm::connectControls() {
     connect(m_ui.cmdstartorder, &QPushButton::clicked, this, &OrderForm::cmdstartorder_Click);
     connect(m_ui.cmdedit, &QPushButton::clicked, this, &OrderForm::cmdedit_Click);
     connect(m_ui.cmdfinditem, &QPushButton::clicked, this, &OrderForm::FindItemByDescription);
+    connect(m_ui.cmdemail, &QPushButton::clicked, this, &OrderForm::EmailShownOrder);
     connect(m_ui.flxitems, &QTableWidget::cellDoubleClicked, this, [this] { LineRowChosen(); });
     for (QLineEdit* box : m_ui.txtheader)
         box->installEventFilter(this);
@@ -233,6 +237,49 @@ bool OrderForm::ClaimOrder(const QString& number) {
     if (!taken)
         appContext().prompter().message(taken.message(), QStringLiteral("Order in use"), MessageIcon::Exclamation);
     return bool(taken);
+}
+
+void OrderForm::EmailShownOrder() {
+    Prompter& prompter = appContext().prompter();
+    const QString title = QStringLiteral("E-mail Order");
+    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    if (number.isEmpty()) {
+        prompter.message(QStringLiteral("Bring up the order to e-mail first: load it, or choose it to print or "
+                                        "export."),
+                         title, MessageIcon::Exclamation);
+        return;
+    }
+    if (!prompter.ask(QStringLiteral("Are you sure you want to e-mail order %1 to the vendor?").arg(number), title,
+                      MessageIcon::Question))
+        return;
+    Result<OrderEmail::Mail> mail = Status::fail(QString());
+    {
+        WaitCursor wait;
+        mail = OrderEmail::prepare(appContext().systemDb(), vendorDb(), appContext().dataDir(), vendorCode(),
+                                   appContext().CurrentVendorName, number, OrderEmail::outgoingFolder());
+    }
+    if (!mail) {
+        prompter.message(mail.message(), title, MessageIcon::Exclamation);
+        return;
+    }
+    if (const Status sent = OrderEmail::send(vendorDb(), number, *mail); !sent) {
+        // The PDF is made: offered for saving, to be sent some other way.
+        if (prompter.ask(sent.message() + QStringLiteral("\n\nSave the order's PDF instead?"), title,
+                         MessageIcon::Exclamation)) {
+            FileRequest request{QStringLiteral("Save Order As"),
+                                appContext().DesktopPath,
+                                {QStringLiteral("PDF files (*.pdf)")},
+                                false};
+            const auto target = prompter.saveFile(request);
+            if (target && !target->isEmpty() && !(QFile::exists(*target) && !QFile::remove(*target)) &&
+                !QFile::copy(mail->attachment, *target))
+                prompter.message(QStringLiteral("The PDF could not be saved as %1.").arg(*target), title,
+                                 MessageIcon::Critical);
+        }
+        return;
+    }
+    ResetToIdle();
+    m_ui.lblinfo->setText(QStringLiteral("Order %1 e-mailed to %2").arg(number, mail->recipient));
 }
 
 void OrderForm::ReleaseShownOrder() {

@@ -49,6 +49,8 @@ public:
     // comes up (refused, with who has it, while another workstation works on it), let go when
     // the form goes idle or closes.
     bool ClaimOrder(const QString& number);
+    // "E-mail Order...": the order in the header, after a question, to the vendor by mail.
+    void EmailShownOrder();
     void ReleaseShownOrder();
     void ExitOrderForm();
 

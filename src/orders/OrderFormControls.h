@@ -28,6 +28,7 @@ struct OrderFormControls {
     std::array<QLabel*, 5> lblitem{};
     QPushButton* cmdfinditem = nullptr;
     QPushButton* cmdrecv = nullptr;
+    QPushButton* cmdemail = nullptr; // "E-mail Order...": the shown order to the vendor by mail
     QLineEdit* txtrcvqty = nullptr;
     QLabel* lblrcvqty = nullptr;
     QTableWidget* flxitems = nullptr;

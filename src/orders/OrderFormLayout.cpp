@@ -208,6 +208,10 @@ void OrderForm::buildControls() {
         m_ui.cmdbutton[i] =
             makeButton(this, QStringLiteral("cmdbutton_%1").arg(i), QString::fromLatin1(MainCaptions[i]));
         buttons->addWidget(m_ui.cmdbutton[i]);
+        if (i == MainButton::ExportOrder) {
+            m_ui.cmdemail = makeButton(this, QStringLiteral("cmdemail"), QStringLiteral("E-&mail Order..."));
+            buttons->addWidget(m_ui.cmdemail);
+        }
     }
     outer->addLayout(buttons);
 
@@ -219,8 +223,11 @@ void OrderForm::buildControls() {
     for (QLineEdit* box : m_ui.txtitem)
         order << box;
     order << m_ui.cmdfinditem << m_ui.txtrcvqty << m_ui.cmdrecv << m_ui.flxitems;
-    for (QPushButton* b : m_ui.cmdbutton)
+    for (QPushButton* b : m_ui.cmdbutton) {
         order << b;
+        if (b == m_ui.cmdbutton[MainButton::ExportOrder])
+            order << m_ui.cmdemail;
+    }
     for (int i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
     resize(960, 680);

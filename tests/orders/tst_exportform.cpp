@@ -3,12 +3,19 @@
 // from the catalogue, one-space notes, and a file already on the desktop.
 #include "OrderFixture.h"
 #include "common/Sql.h"
+#include "orders/OrderEmail.h"
 #include "orders/OrderWords.h"
+#include "reports/ShippedReports.h"
 
+#include "common/Sql.h"
+#include "orders/OrderEmail.h"
+#include "reports/ShippedReports.h"
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace ordwell;
@@ -189,6 +196,49 @@ private slots:
         QCOMPARE(s.orderStatus(Id), status);
         QCOMPARE(s.lineStatuses(Id), statuses);
         QCOMPARE(s.header(0)->text(), Id);
+        s.click(form->ui().cmdbutton[MainButton::Exit]);
+    }
+
+    // "E-mail Order..." on a printed order: sent and marked as an export marks it; when no mail
+    // program answers, nothing is marked and the PDF may be saved instead.
+    void emailedFromTheForm() {
+        OrderSession s;
+        ShippedReports::installMissing(s.ctx().dataDir());
+        Sql::run(s.db(), QStringLiteral("UPDATE vendor SET contactemail = 'cat@acme.example'"));
+        s.addItem(QStringLiteral("A1"), QStringLiteral("Blue pens"), QStringLiteral("1.50"));
+        addOrder(s, QString(), QString(), {{QStringLiteral("A1"), 2, OrderStatus::Printed}});
+        QTemporaryDir bin;
+        QVERIFY(test::writeFile(bin.filePath(QStringLiteral("xdg-email")), "#!/bin/sh\nexit ${MAIL_EXIT:-0}\n"));
+        QFile::setPermissions(bin.filePath(QStringLiteral("xdg-email")),
+                              QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", bin.path().toLocal8Bit() + ':' + path);
+        const QString question = QStringLiteral("Are you sure you want to e-mail order ABC0000001 to the vendor?");
+
+        OrderForm* form = s.open(QStringLiteral("mnuLdOrd"));
+        QVERIFY(form);
+        s.click(form->ui().cmdnavbutton[2]);
+        qputenv("MAIL_EXIT", "3");
+        const QString pdf =
+            QDir::toNativeSeparators(QDir(OrderEmail::outgoingFolder()).filePath(QStringLiteral("ABC0000001.pdf")));
+        s.prompter().expect(question, MessageAnswer::Yes);
+        s.prompter().expect(QStringLiteral("No mail program answered (xdg-email: exit code 3). The order's PDF is ") +
+                                pdf + QStringLiteral(".\n\nSave the order's PDF instead?"),
+                            MessageAnswer::Yes);
+        const QString saved = QDir(s.ctx().DesktopPath).filePath(QStringLiteral("order.pdf"));
+        s.prompter().queueFile(saved);
+        s.click(form->ui().cmdemail);
+        QVERIFY(test::fileContents(saved).startsWith("%PDF"));
+        QCOMPARE(s.orderStatus(Id), OrderStatus::Printed);
+
+        qputenv("MAIL_EXIT", "0");
+        s.prompter().expect(question, MessageAnswer::Yes);
+        s.click(form->ui().cmdemail);
+        qputenv("PATH", path);
+        QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order ABC0000001 e-mailed to cat@acme.example"));
+        QCOMPARE(s.orderStatus(Id), OrderStatus::Exported);
+        QCOMPARE(s.lineStatuses(Id), QStringLiteral("X"));
+        QVERIFY(s.header(0)->text().isEmpty());
         s.click(form->ui().cmdbutton[MainButton::Exit]);
     }
 };
