@@ -1,20 +1,8 @@
 #include "RecordFields.h"
 
 #include "common/Dates.h"
-#include "store/FieldScheme.h"
 
 namespace ordwell {
-
-int columnLength(const Schema& schema, const QString& table, const QString& column) {
-    const TableDef* def = schema.table(table);
-    if (!def)
-        return 0;
-    for (const FieldDef& field : def->fields) {
-        if (field.name == column)
-            return field.size;
-    }
-    return 0;
-}
 
 namespace Fields {
 

@@ -13,8 +13,6 @@
 
 namespace ordwell {
 
-class Schema;
-
 // What a box holds once read: the record windows keep typed values, never text parsed back
 // at save. An empty box reads as std::monostate.
 enum class FieldKind { Text, Number, Money, Date };
@@ -52,10 +50,6 @@ struct FieldSpec {
     int next = NextStays;
     EnterRule onEnter; // empty: Enter only moves on
 };
-
-// The defined size of a column, so a box never takes more than its column holds. 0 when the
-// table or column is unknown.
-int columnLength(const Schema& schema, const QString& table, const QString& column);
 
 namespace Fields {
 

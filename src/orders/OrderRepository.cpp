@@ -25,7 +25,7 @@ Result<QString> OrderRepository::NextOrderNumber(const QString& vendorCode) cons
     // A number wider than the order number column could never be stored: refuse it before the
     // counter moves, so it neither runs on nor wraps past its 32 bits.
     const QString number = vendorCode + QString::number(next);
-    const int width = columnLength(vendorSchema(), QStringLiteral("orderhead"), QStringLiteral("orderid"));
+    const int width = vendorSchema().columnLength(QStringLiteral("orderhead"), QStringLiteral("orderid"));
     if (number.size() > width)
         return Status::fail(QStringLiteral("The order numbers of this vendor have run out: the next one, %1, is "
                                            "longer than the %2 characters an order number may have.")

@@ -131,6 +131,17 @@ QString indexStatement(const TableDef& table, const IndexDef& index, Dialect dia
 
 } // namespace
 
+int Schema::columnLength(const QString& tableName, const QString& column) const {
+    const TableDef* def = table(tableName);
+    if (!def)
+        return 0;
+    for (const FieldDef& field : def->fields) {
+        if (field.name == column)
+            return field.size;
+    }
+    return 0;
+}
+
 QString Schema::createTableStatement(const TableDef& table, int upToVersion, Dialect dialect) {
     QStringList parts;
     bool keyInColumn = false;

@@ -58,6 +58,9 @@ public:
 
     const QList<TableDef>& tables() const { return m_tables; }
     const TableDef* table(const QString& name) const;
+    // The defined size of a column, so a box never takes more than its column holds. 0 when
+    // the table or column is unknown.
+    int columnLength(const QString& table, const QString& column) const;
     // The newest version declared.
     int version() const { return m_version; }
 

@@ -359,7 +359,7 @@ QList<FieldSpec> vendorFieldTable() {
         spec.caption = QString::fromLatin1(row.caption);
         spec.need = row.need;
         if (row.need != FieldNeed::Fixed) {
-            spec.maxLength = columnLength(vendorSchema(), QStringLiteral("vendor"), column(i));
+            spec.maxLength = vendorSchema().columnLength(QStringLiteral("vendor"), column(i));
             spec.next = int(row.next);
         }
         if (field == F::NextOrder)
@@ -396,7 +396,7 @@ QList<FieldSpec> vendorFieldTable() {
     FieldSpec company;
     company.objectName = QStringLiteral("txtcomp_0");
     company.caption = QStringLiteral("Company Name");
-    company.maxLength = columnLength(systemSchema(), QStringLiteral("vendors"), QStringLiteral("vendor"));
+    company.maxLength = systemSchema().columnLength(QStringLiteral("vendors"), QStringLiteral("vendor"));
     company.need = FieldNeed::Required;
     company.next = int(F::Shortcode);
     company.onEnter = [](QString& text) -> std::optional<FieldProblem> {

@@ -119,9 +119,9 @@ private slots:
     }
 
     void lengthsComeFromTheSchema() {
-        QCOMPARE(columnLength(vendorSchema(), QStringLiteral("vendor"), QStringLiteral("customerid")), 12);
-        QCOMPARE(columnLength(systemSchema(), QStringLiteral("vendors"), QStringLiteral("vendor")), 51);
-        QCOMPARE(columnLength(systemSchema(), QStringLiteral("nosuch"), QStringLiteral("vendor")), 0);
+        QCOMPARE(vendorSchema().columnLength(QStringLiteral("vendor"), QStringLiteral("customerid")), 12);
+        QCOMPARE(systemSchema().columnLength(QStringLiteral("vendors"), QStringLiteral("vendor")), 51);
+        QCOMPARE(systemSchema().columnLength(QStringLiteral("nosuch"), QStringLiteral("vendor")), 0);
     }
 
     // The first failure ends the run, except checks that always run.

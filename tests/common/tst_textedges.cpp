@@ -87,7 +87,7 @@ private slots:
         auto* form = window->findChild<QWidget*>(QString::fromLatin1(b.window));
         QVERIFY(form);
         auto* edit = test::child<QLineEdit>(form, b.box);
-        const int length = columnLength(*b.schema, QString::fromLatin1(b.table), b.column);
+        const int length = b.schema->columnLength(QString::fromLatin1(b.table), b.column);
         QVERIFY(length > 0);
         QCOMPARE(edit->maxLength(), length);
 
@@ -137,7 +137,7 @@ private slots:
         QFETCH(QString, fill);
         test::TestContext tc;
         AppContext& ctx = tc.context();
-        const int nameLength = columnLength(systemSchema(), QStringLiteral("vendors"), QStringLiteral("vendor"));
+        const int nameLength = systemSchema().columnLength(QStringLiteral("vendors"), QStringLiteral("vendor"));
         const QString name = fullText(QStringLiteral("vendor"), fill, nameLength);
         QVERIFY(VendorRecords::CreateVendorEntry(ctx.systemDb(), ctx.dataDir(), name, QStringLiteral("ABC")));
         QCOMPARE(
@@ -150,7 +150,7 @@ private slots:
         VendorDetails details;
         for (int i = 0; i < TypedDetailCount; ++i) {
             const QString column = QString::fromLatin1(columns[i]);
-            details[F(i)] = fullText(column, fill, columnLength(vendorSchema(), QStringLiteral("vendor"), column));
+            details[F(i)] = fullText(column, fill, vendorSchema().columnLength(QStringLiteral("vendor"), column));
         }
         QVERIFY(VendorRecords::ValidateVendorDetails(details).passed());
         const auto saved =
@@ -163,7 +163,7 @@ private slots:
 
         for (int i = 0; i < TypedDetailCount; ++i) {
             VendorDetails longer = saved.value();
-            const int length = columnLength(vendorSchema(), QStringLiteral("vendor"), QString::fromLatin1(columns[i]));
+            const int length = vendorSchema().columnLength(QStringLiteral("vendor"), QString::fromLatin1(columns[i]));
             longer[F(i)] = QString(length + 1, QLatin1Char('7'));
             QVERIFY2(!VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("ABC"), longer, SaveMode::Update),
                      columns[i]);
