@@ -3,9 +3,9 @@
 #include "ItemImport.h"
 #include "PriceListReader.h"
 #include "UploadForm.h"
+#include "app/WindowHost.h"
 #include "shell/AppContext.h"
 #include "shell/FileChooser.h"
-#include "shell/MainWindow.h"
 #include "shell/MenuMasks.h"
 
 #include <QDate>
@@ -15,7 +15,7 @@
 
 namespace ordwell::ItemImportCommand {
 
-void ImportItems(AppContext& context, MainWindow& mainWindow) {
+void ImportItems(AppContext& context, WindowHost& mainWindow) {
     context.ApplyMenuMask(MenuMasks::VendorWindow);
     const QString path = FileChooser::choose(context, FileChooser::ImportFiles).value_or(QString());
     if (path.isEmpty()) {
@@ -28,7 +28,7 @@ void ImportItems(AppContext& context, MainWindow& mainWindow) {
     QMdiSubWindow* frame = mainWindow.mdiArea()->addSubWindow(form);
     frame->setObjectName(QStringLiteral("frmupload_frame"));
     frame->setAttribute(Qt::WA_DeleteOnClose);
-    frame->setWindowIcon(mainWindow.windowIcon());
+    frame->setWindowIcon(mainWindow.hostWidget()->windowIcon());
 
     PriceListReader priceList(path);
     if (ItemImport::prepare(priceList, context.prompter(), *form)) {

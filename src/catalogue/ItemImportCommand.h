@@ -3,13 +3,13 @@
 namespace ordwell {
 
 class AppContext;
-class MainWindow;
+class WindowHost;
 
 // "Import Items" on the main menu: choose a price list, import it into the open vendor's
 // catalogue in front of the progress window, then revalue the open orders.
 namespace ItemImportCommand {
 
-void ImportItems(AppContext& context, MainWindow& mainWindow);
+void ImportItems(AppContext& context, WindowHost& mainWindow);
 
 } // namespace ItemImportCommand
 } // namespace ordwell

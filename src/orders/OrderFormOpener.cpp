@@ -1,8 +1,8 @@
 #include "OrderFormOpener.h"
 
+#include "app/WindowHost.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderWords.h"
-#include "shell/MainWindow.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -15,7 +15,7 @@ namespace {
 constexpr double RaiseTwips = 550;
 } // namespace
 
-OrderForm* openOrderForm(MainWindow& mainWindow, AppContext& context, const QString& mode) {
+OrderForm* openOrderForm(WindowHost& mainWindow, AppContext& context, const QString& mode) {
     if (auto* open = mainWindow.mdiArea()->findChild<OrderForm*>(QStringLiteral("frmorder"))) {
         if (auto* frame = qobject_cast<QMdiSubWindow*>(open->parentWidget()))
             mainWindow.mdiArea()->setActiveSubWindow(frame);
@@ -30,16 +30,17 @@ OrderForm* openOrderForm(MainWindow& mainWindow, AppContext& context, const QStr
     // No close, minimise or maximise: the form is left only through its own Exit.
     frame->setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     frame->show();
-    if (mainWindow.windowState() == Qt::WindowNoState) {
+    if (mainWindow.hostWidget()->windowState() == Qt::WindowNoState) {
         const double tpp = mainWindow.twipsPerPixel();
-        const int left = (mainWindow.width() - frame->width()) / 2;
-        const int top = int(std::lround(((mainWindow.height() - frame->height()) / 2.0 * tpp - RaiseTwips) / tpp));
+        const int left = (mainWindow.hostWidget()->width() - frame->width()) / 2;
+        const int top =
+            int(std::lround(((mainWindow.hostWidget()->height() - frame->height()) / 2.0 * tpp - RaiseTwips) / tpp));
         frame->move(qMax(0, left), qMax(0, top));
     }
     return form;
 }
 
-void wireOrderMenus(MainWindow& mainWindow, AppContext& context) {
+void wireOrderMenus(WindowHost& mainWindow, AppContext& context) {
     const std::pair<const char*, const QString*> entries[] = {
         {"mnuNewOrd", &OrderMode::New},    {"mnuLdOrd", &OrderMode::Load},     {"mnuprtord", &OrderMode::Print},
         {"mnuexpord", &OrderMode::Export}, {"mnuRcvOrd", &OrderMode::Receive},

@@ -4,7 +4,6 @@
 #include "reports/ReportEngine.h"
 #include "reports/ReportViewer.h"
 #include "reports/ShippedReports.h"
-#include "shell/MainWindow.h"
 #include "store/Store.h"
 #include "vendors/VendorSession.h"
 
@@ -46,14 +45,14 @@ Status showReport(AppContext& context, const QString& formName, const QString& c
         return report.status();
 
     ReportViewer* viewer = findReportViewer(formName);
-    auto* mainWindow = dynamic_cast<MainWindow*>(context.menuHost());
+    WindowHost* mainWindow = context.windowHost();
     if (!viewer) {
         viewer = new ReportViewer(context, formName, caption);
         if (mainWindow) {
             QMdiSubWindow* frame = mainWindow->mdiArea()->addSubWindow(viewer);
             frame->setObjectName(formName + QStringLiteral("_frame"));
             frame->setAttribute(Qt::WA_DeleteOnClose);
-            frame->setWindowIcon(mainWindow->windowIcon());
+            frame->setWindowIcon(mainWindow->hostWidget()->windowIcon());
             const QSize area = mainWindow->mdiArea()->viewport()->size();
             // Never narrower than the button row, which would otherwise be squeezed unreadable.
             frame->resize(QSize(area.width() * 9 / 10, area.height() * 9 / 10).expandedTo(frame->minimumSizeHint()));

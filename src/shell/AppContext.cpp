@@ -19,13 +19,13 @@ QString AppContext::dataFile(const QString& name) const {
 }
 
 void AppContext::ApplyMenuMask(const QString& mask) const {
-    if (m_menuHost)
-        m_menuHost->ApplyMenuMask(mask);
+    if (m_windowHost)
+        m_windowHost->ApplyMenuMask(mask);
 }
 
 void AppContext::ShowStatus(const QString& vendorName) const {
-    if (m_menuHost)
-        m_menuHost->ShowStatus(vendorName);
+    if (m_windowHost)
+        m_windowHost->ShowStatus(vendorName);
 }
 
 std::unique_ptr<QSettings> AppContext::settings() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/WindowHost.h"
 #include "common/Prompter.h"
 #include "store/Store.h"
 
@@ -15,13 +16,6 @@ namespace ordwell {
 class VendorSession;
 
 // What the main window offers every tool window: the menu mask and the status text.
-class MenuHost {
-public:
-    virtual ~MenuHost() = default;
-    virtual void ApplyMenuMask(const QString& mask) = 0;
-    virtual void ShowStatus(const QString& vendorName) = 0;
-};
-
 // The program-wide state, one object handed to every form instead of scattered globals.
 class AppContext {
 public:
@@ -40,8 +34,8 @@ public:
     Prompter& prompter() const { return *m_prompter; }
     void setPrompter(Prompter& prompter) { m_prompter = &prompter; }
 
-    MenuHost* menuHost() const { return m_menuHost; }
-    void setMenuHost(MenuHost* host) { m_menuHost = host; }
+    WindowHost* windowHost() const { return m_windowHost; }
+    void setWindowHost(WindowHost* host) { m_windowHost = host; }
     // Through the main window when there is one; a no-op before it exists.
     void ApplyMenuMask(const QString& mask) const;
     void ShowStatus(const QString& vendorName) const;
@@ -89,7 +83,7 @@ private:
     QString m_server;
     QString m_settingsFile;
     Prompter* m_prompter;
-    MenuHost* m_menuHost = nullptr;
+    WindowHost* m_windowHost = nullptr;
     std::unique_ptr<QLockFile> m_lock;
     std::function<void(const QString&)> m_orderFormOpener;
     std::unique_ptr<VendorSession> m_vendorSession;

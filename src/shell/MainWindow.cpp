@@ -100,7 +100,7 @@ MainWindow::MainWindow(AppContext& context, QWidget* parent) : QMainWindow(paren
     setCentralWidget(m_mdi);
     buildMenus();
     buildStatusBar();
-    m_context.setMenuHost(this);
+    m_context.setWindowHost(this);
     followVendorSession();
     restorePlacement();
     // The desktop session ending is not the user closing the window: that close is let through.
@@ -108,8 +108,8 @@ MainWindow::MainWindow(AppContext& context, QWidget* parent) : QMainWindow(paren
 }
 
 MainWindow::~MainWindow() {
-    if (m_context.menuHost() == this)
-        m_context.setMenuHost(nullptr);
+    if (m_context.windowHost() == this)
+        m_context.setWindowHost(nullptr);
 }
 
 void MainWindow::buildMenus() {

@@ -19,7 +19,7 @@ class ToolWindow;
 
 // frmMain: the one top-level window. Hosts the tool windows, owns the menu tree and its enable
 // masks, the three-panel status bar and the remembered placement.
-class MainWindow : public QMainWindow, public MenuHost {
+class MainWindow : public QMainWindow, public WindowHost {
     Q_OBJECT
 public:
     explicit MainWindow(AppContext& context, QWidget* parent = nullptr);
@@ -29,25 +29,26 @@ public:
     void ShowStatus(const QString& vendorName) override;
 
     // Places a tool window inside the main window and starts its protocol.
-    void showToolWindow(ToolWindow* window);
+    void showToolWindow(ToolWindow* window) override;
     // Grows a normal main window, as far as the screen allows, until the whole sub-window fits
     // in the work area, then centres it there.
-    void CentreInMainWindow(QWidget* toolWindow);
+    void CentreInMainWindow(QWidget* toolWindow) override;
 
     // What a menu entry does, by its objectName; About and Exit are the window's own.
-    void setMenuHandler(const QString& entryName, std::function<void()> handler);
+    void setMenuHandler(const QString& entryName, std::function<void()> handler) override;
     void triggerMenu(const QString& entryName);
 
     QAction* menuEntry(const QString& name) const;
     // The entries a mask drives, positions 1..18 in order.
     QList<QAction*> maskedEntries() const { return m_maskedEntries; }
-    QMdiArea* mdiArea() const { return m_mdi; }
+    QMdiArea* mdiArea() const override { return m_mdi; }
+    QWidget* hostWidget() override { return this; }
 
     // Ends the program the normal way: vendor and system databases closed, every window shut.
     void exitProgram();
 
     // The twips-per-pixel factor placement uses on this screen.
-    double twipsPerPixel() const;
+    double twipsPerPixel() const override;
 
 signals:
     void firstActivated();
