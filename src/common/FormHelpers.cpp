@@ -1,5 +1,4 @@
 #include "FormHelpers.h"
-#include "PendingEvents.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -74,7 +73,6 @@ void applyButtonMask(const QList<QAbstractButton*>& buttons, const QString& mask
     const QString trimmed = mask.trimmed();
     for (int i = 0; i < buttons.size(); ++i)
         buttons.at(i)->setEnabled(i < trimmed.size() && trimmed.at(i) == QLatin1Char('1'));
-    letPendingEventsRun();
 }
 
 QString buttonMask(const QList<QAbstractButton*>& buttons) {

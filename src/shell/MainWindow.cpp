@@ -1,5 +1,4 @@
 #include "MainWindow.h"
-#include "common/PendingEvents.h"
 
 #include "shell/BackupCommands.h"
 #include "shell/MenuMasks.h"
@@ -206,7 +205,6 @@ void MainWindow::ApplyMenuMask(const QString& mask) {
         else if (mask.at(i) == QLatin1Char('1'))
             m_maskedEntries.at(i)->setEnabled(true);
     }
-    letPendingEventsRun();
 }
 
 void MainWindow::ShowStatus(const QString& vendorName) {
