@@ -4,11 +4,11 @@
 #include "PeakMemory.h"
 #include "ScaleData.h"
 #include "SilentPrompter.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "catalogue/Find.h"
 #include "catalogue/FindForm.h"
 #include "common/Prompter.h"
-#include "shell/AppContext.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

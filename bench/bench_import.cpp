@@ -8,17 +8,17 @@
 #include "BenchServer.h"
 #include "ScaleData.h"
 #include "SilentPrompter.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "catalogue/ImportProgress.h"
 #include "catalogue/ItemImport.h"
 #include "catalogue/ItemImporter.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
 #include "settings/OrganisationDetails.h"
-#include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuWiring.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QDir>

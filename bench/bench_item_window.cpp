@@ -4,12 +4,12 @@
 #include "BenchProcess.h"
 #include "PeakMemory.h"
 #include "SilentPrompter.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "catalogue/ItemForm.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
-#include "shell/AppContext.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

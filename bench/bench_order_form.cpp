@@ -8,17 +8,17 @@
 #include "BenchProcess.h"
 #include "BenchServer.h"
 #include "SilentPrompter.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderFormOpener.h"
 #include "orders/OrderWords.h"
-#include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "store/DatabaseFile.h"
 #include "store/ServerStore.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

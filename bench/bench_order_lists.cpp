@@ -5,14 +5,14 @@
 // Prints "<name> <value> <unit>" lines; order_list_10k_ms is the slowest list to come up.
 #include "BenchProcess.h"
 #include "SilentPrompter.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "common/Sql.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderFormOpener.h"
 #include "orders/OrderWords.h"
-#include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -4,13 +4,13 @@
 // and "server_vendor_open_200k_s" for the same vendor on a server when one is named.
 #include "BenchServer.h"
 #include "SilentPrompter.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "common/Dates.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
-#include "shell/AppContext.h"
 #include "store/Store.h"
 #include "vendors/VendorChooser.h"
-#include "vendors/VendorSession.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
+#include "app/Options.h"
 #include "catalogue/HeadlessImport.h"
 #include "orders/HeadlessEmail.h"
 #include "reports/HeadlessReport.h"
 #include "shell/HeadlessBackup.h"
-#include "shell/Options.h"
 #include "shell/Program.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/ToolWindow.h"
+#include "app/ToolWindow.h"
 
 #include <memory>
 

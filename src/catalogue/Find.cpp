@@ -4,7 +4,7 @@
 #include "common/PendingEvents.h"
 
 #include "FindForm.h"
-#include "shell/AppContext.h"
+#include "app/AppContext.h"
 
 #include <QCoreApplication>
 #include <QMainWindow>

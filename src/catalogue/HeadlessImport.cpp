@@ -2,10 +2,10 @@
 
 #include "ConsolePrompter.h"
 #include "ItemImport.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "common/Sql.h"
-#include "shell/AppContext.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QDir>
 #include <QFileInfo>

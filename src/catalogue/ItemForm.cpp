@@ -1,12 +1,12 @@
 #include "ItemForm.h"
 
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "catalogue/Find.h"
 #include "catalogue/ItemChecks.h"
 #include "catalogue/Revaluation.h"
 #include "common/FormHelpers.h"
 #include "common/RecordForm.h"
-#include "shell/MenuMasks.h"
-#include "vendors/VendorSession.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/ToolWindow.h"
 #include "catalogue/ItemBrowser.h"
-#include "shell/ToolWindow.h"
 
 #include <QDate>
 #include <array>

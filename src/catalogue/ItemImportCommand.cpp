@@ -3,10 +3,10 @@
 #include "ItemImport.h"
 #include "PriceListReader.h"
 #include "UploadForm.h"
+#include "app/AppContext.h"
+#include "app/FileChooser.h"
+#include "app/MenuMasks.h"
 #include "app/WindowHost.h"
-#include "shell/AppContext.h"
-#include "shell/FileChooser.h"
-#include "shell/MenuMasks.h"
 
 #include <QDate>
 #include <QMdiArea>

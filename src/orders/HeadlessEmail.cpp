@@ -1,12 +1,12 @@
 #include "HeadlessEmail.h"
 
 #include "OrderEmail.h"
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "catalogue/ConsolePrompter.h"
 #include "common/Sql.h"
 #include "reports/ShippedReports.h"
-#include "shell/AppContext.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QDir>
 #include <QFileInfo>

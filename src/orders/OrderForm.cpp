@@ -3,14 +3,14 @@
 
 #include "catalogue/ScanKeyFilter.h"
 
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "common/FormHelpers.h"
 #include "common/WaitCursor.h"
 #include "orders/OrderEmail.h"
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
-#include "shell/MenuMasks.h"
 #include "store/OrderLeases.h"
-#include "vendors/VendorSession.h"
 
 #include <QCheckBox>
 #include <QEvent>

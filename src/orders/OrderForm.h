@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ToolWindow.h"
 #include "common/Money.h"
 #include "orders/BarcodeResolver.h"
 #include "orders/ItemCatalogue.h"
@@ -7,7 +8,6 @@
 #include "orders/OrderFormHooks.h"
 #include "orders/OrderLineBook.h"
 #include "orders/OrderRepository.h"
-#include "shell/ToolWindow.h"
 
 #include <QString>
 #include <memory>

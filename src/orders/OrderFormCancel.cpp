@@ -1,11 +1,11 @@
 // "Cancel Order", and taking up the live order a stopped program left behind.
 #include "orders/OrderFormAfterEntry.h"
 
+#include "app/AppContext.h"
 #include "common/FormHelpers.h"
 #include "orders/OrderCancellation.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderWords.h"
-#include "shell/AppContext.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,11 +1,11 @@
 // Exporting the shown order to the desktop.
 #include "orders/OrderFormAfterEntry.h"
 
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "common/WaitCursor.h"
 #include "orders/OrderExport.h"
 #include "orders/OrderForm.h"
-#include "shell/AppContext.h"
-#include "vendors/VendorSession.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -2,6 +2,7 @@
 // time with the navigation bar, and the direct question for an order already on screen.
 #include "orders/OrderFormAfterEntry.h"
 
+#include "app/AppContext.h"
 #include "common/FormHelpers.h"
 #include "common/Sql.h"
 #include "orders/OrderCancellation.h"
@@ -10,7 +11,6 @@
 #include "orders/OrderNavigation.h"
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
-#include "shell/AppContext.h"
 
 #include <QCoreApplication>
 #include <QLabel>

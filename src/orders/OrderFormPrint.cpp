@@ -1,11 +1,11 @@
 // Printing the shown order on the vendor's order form.
 #include "orders/OrderFormAfterEntry.h"
 
+#include "app/AppContext.h"
 #include "common/WaitCursor.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderPrinting.h"
 #include "reports/ReportWindows.h"
-#include "shell/AppContext.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -2,11 +2,11 @@
 // is outstanding and the order closes.
 #include "orders/OrderFormAfterEntry.h"
 
+#include "app/AppContext.h"
 #include "common/FormHelpers.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderLifeState.h"
 #include "orders/Receiving.h"
-#include "shell/AppContext.h"
 
 #include <QKeyEvent>
 #include <QLabel>

@@ -1,11 +1,11 @@
 #include "ReportWindows.h"
 
+#include "app/VendorSession.h"
 #include "common/WaitCursor.h"
 #include "reports/ReportEngine.h"
 #include "reports/ReportViewer.h"
 #include "reports/ShippedReports.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QMdiArea>

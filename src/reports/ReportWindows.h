@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/AppContext.h"
 #include "common/Status.h"
 #include "reports/ReportDefinition.h"
-#include "shell/AppContext.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "SysDefaultsForm.h"
 
+#include "app/MenuMasks.h"
 #include "common/FormHelpers.h"
 #include "common/RecordForm.h"
-#include "shell/MenuMasks.h"
 
 #include <QFontMetrics>
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/ToolWindow.h"
 #include "settings/OrganisationDetails.h"
-#include "shell/ToolWindow.h"
 
 #include <QList>
 

@@ -1,12 +1,12 @@
 #include "BackupCommands.h"
 
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "common/WaitCursor.h"
 #include "reports/ShippedReports.h"
-#include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "store/Backup.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QDate>
 #include <QDir>

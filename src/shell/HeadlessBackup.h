@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Options.h"
+#include "app/Options.h"
 
 #include <QTextStream>
 

@@ -1,11 +1,11 @@
 #include "MainWindow.h"
 
+#include "app/MenuMasks.h"
+#include "app/ToolWindow.h"
+#include "app/VendorSession.h"
 #include "shell/BackupCommands.h"
-#include "shell/MenuMasks.h"
 #include "shell/SplashWindow.h"
-#include "shell/ToolWindow.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/AppContext.h"
+#include "app/AppContext.h"
 
 #include <QHash>
 #include <QMainWindow>

@@ -1,11 +1,11 @@
 #include "Maintenance.h"
 
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "common/Prompter.h"
-#include "shell/AppContext.h"
 #include "shell/MainWindow.h"
 #include "store/Compaction.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 namespace ordwell::Maintenance {
 

@@ -1,6 +1,6 @@
 #include "ManPage.h"
 
-#include "Options.h"
+#include "app/Options.h"
 
 #include <QStringList>
 

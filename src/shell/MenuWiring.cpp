@@ -1,5 +1,6 @@
 #include "MenuWiring.h"
 
+#include "app/AppContext.h"
 #include "catalogue/BarcodeRulesForm.h"
 #include "catalogue/ItemForm.h"
 #include "catalogue/ItemImportCommand.h"
@@ -7,7 +8,6 @@
 #include "reports/ReportWindows.h"
 #include "settings/DatabaseServerDialog.h"
 #include "settings/SysDefaultsForm.h"
-#include "shell/AppContext.h"
 #include "shell/BackupCommands.h"
 #include "shell/MainWindow.h"
 #include "shell/Maintenance.h"

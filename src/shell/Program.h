@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/AppContext.h"
+#include "app/Options.h"
 #include "common/Prompter.h"
-#include "shell/AppContext.h"
 #include "shell/MainWindow.h"
-#include "shell/Options.h"
 
 #include <QPointer>
 #include <memory>

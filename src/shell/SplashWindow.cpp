@@ -1,7 +1,7 @@
 #include "SplashWindow.h"
 
+#include "app/Options.h"
 #include "common/FormHelpers.h"
-#include "shell/Options.h"
 
 #include <QDesktopServices>
 #include <QGuiApplication>

@@ -1,13 +1,13 @@
 #include "VendorChooser.h"
 
+#include "app/AppContext.h"
+#include "app/VendorSession.h"
 #include "catalogue/Revaluation.h"
 #include "common/Dates.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
 #include "common/WaitCursor.h"
-#include "shell/AppContext.h"
 #include "store/OrderLeases.h"
-#include "vendors/VendorSession.h"
 
 namespace ordwell::VendorChooser {
 

@@ -1,11 +1,11 @@
 #include "VendorChooserForm.h"
 #include "common/FormHelpers.h"
 
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "common/Prompter.h"
-#include "shell/MenuMasks.h"
 #include "vendors/VendorChooser.h"
 #include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QComboBox>
 #include <QEvent>

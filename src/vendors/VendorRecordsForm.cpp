@@ -1,9 +1,9 @@
 #include "VendorRecordsForm.h"
 
+#include "app/FileChooser.h"
 #include "common/FormHelpers.h"
 #include "common/RecordForm.h"
 #include "common/WaitCursor.h"
-#include "shell/FileChooser.h"
 
 #include <QEvent>
 #include <QGridLayout>

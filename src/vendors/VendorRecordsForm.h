@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/ToolWindow.h"
 #include "common/RecordCursor.h"
-#include "shell/ToolWindow.h"
 #include "vendors/VendorRecords.h"
 #include "vendors/VendorRepository.h"
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "common/Money.h"
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QAction>
 

@@ -2,13 +2,13 @@
 // and largest their columns take and one past, in any script, through the import and through
 // the item window.
 #include "VendorFixture.h"
+#include "app/VendorSession.h"
 #include "catalogue/ItemChecks.h"
 #include "catalogue/ItemForm.h"
 #include "catalogue/ItemImporter.h"
 #include "shell/MainWindow.h"
 #include "support/EdgeText.h"
 #include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,9 +1,9 @@
+#include "app/VendorSession.h"
 #include "catalogue/ItemBrowser.h"
 #include "catalogue/ItemChecks.h"
 #include "common/Sql.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
-#include "vendors/VendorSession.h"
 
 #include <QTest>
 

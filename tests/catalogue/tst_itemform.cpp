@@ -1,10 +1,10 @@
 #include "CatalogueSession.h"
+#include "app/MenuMasks.h"
 #include "catalogue/ItemForm.h"
 #include "common/Dates.h"
 #include "common/FormHelpers.h"
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "support/TestSupport.h"
 
 #include "catalogue/ItemRepository.h"

@@ -2,6 +2,7 @@
 // told plainly, nothing stored changes, and the program goes on once the cause is gone.
 #include "../orders/OrderFixture.h"
 #include "PrivateDisk.h"
+#include "app/VendorSession.h"
 #include "common/Sql.h"
 #include "orders/OrderExport.h"
 #include "orders/OrderWords.h"
@@ -14,7 +15,6 @@
 #include "vendors/VendorChooserForm.h"
 #include "vendors/VendorRecordsForm.h"
 #include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QComboBox>

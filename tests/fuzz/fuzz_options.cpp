@@ -2,7 +2,7 @@
 // and read by the option parser, whose answer must hold together.
 #include "FuzzSupport.h"
 
-#include "shell/Options.h"
+#include "app/Options.h"
 
 #include <QCoreApplication>
 

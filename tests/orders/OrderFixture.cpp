@@ -2,10 +2,10 @@
 
 #include "orders/OrderWords.h"
 
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "common/Sql.h"
-#include "shell/MenuMasks.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QAbstractButton>
 #include <QApplication>

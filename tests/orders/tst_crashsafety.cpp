@@ -2,6 +2,7 @@
 // whole program, starts an order by its keys, enters lines and is killed outright with more
 // half typed; the program started again recovers the live order with every line it had
 // confirmed and nothing else, lets entry go on, and Exit ends the entry of all of it.
+#include "app/VendorSession.h"
 #include "common/Sql.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderWords.h"
@@ -9,7 +10,6 @@
 #include "store/Store.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorChooser.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QLabel>

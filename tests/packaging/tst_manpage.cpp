@@ -1,5 +1,5 @@
+#include "app/Options.h"
 #include "shell/ManPage.h"
-#include "shell/Options.h"
 
 #include <QRegularExpression>
 #include <QTest>

@@ -2,14 +2,14 @@
 // a PDF there, and shows the main window with the order history open for a screenshot.
 // Usage: report_shots DATA_DIR SECONDS_TO_SHOW
 #include "ReportFixture.h"
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "reports/ReportEngine.h"
 #include "reports/ReportWindows.h"
 #include "reports/ShippedReports.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QDir>

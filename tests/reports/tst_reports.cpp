@@ -2,6 +2,8 @@
 // from the PDF, each vendor's own data, bad report files, the report windows and the
 // headless command line.
 #include "ReportFixture.h"
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "common/Sql.h"
 #include "reports/HeadlessReport.h"
 #include "reports/ReportEngine.h"
@@ -9,10 +11,8 @@
 #include "reports/ReportWindows.h"
 #include "reports/ShippedReports.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
-#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QCryptographicHash>

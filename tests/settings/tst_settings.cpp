@@ -1,9 +1,9 @@
+#include "app/MenuMasks.h"
 #include "common/FormHelpers.h"
 #include "common/Sql.h"
 #include "settings/OrganisationDetails.h"
 #include "settings/SysDefaultsForm.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "support/TestSupport.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
+#include "app/FileChooser.h"
+#include "app/MenuMasks.h"
+#include "app/ToolWindow.h"
 #include "common/QtPrompter.h"
-#include "shell/FileChooser.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "shell/Program.h"
 #include "shell/SplashWindow.h"
-#include "shell/ToolWindow.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
 

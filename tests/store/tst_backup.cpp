@@ -3,6 +3,7 @@
 // each do their part.
 #include "../faults/PrivateDisk.h"
 #include "../orders/OrderDataFixture.h"
+#include "app/VendorSession.h"
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
 #include "store/Backup.h"
@@ -11,7 +12,6 @@
 #include "store/Schemas.h"
 #include "store/Store.h"
 #include "support/DatabaseDump.h"
-#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QCryptographicHash>

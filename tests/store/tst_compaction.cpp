@@ -1,6 +1,7 @@
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "shell/MenuWiring.h"
 #include "store/Compaction.h"
 #include "store/DatabaseFile.h"
@@ -8,7 +9,6 @@
 #include "support/DatabaseDump.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QDir>

@@ -2,6 +2,9 @@
 // numbers drawn at once, orders leased to the workstation working on them, and the program's
 // scripted commands: the price-list import writes the server's catalogue, and the reports
 // read the server's orders, through a session that refuses every write.
+#include "app/AppContext.h"
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "catalogue/ItemRepository.h"
 #include "catalogue/Revaluation.h"
 #include "common/Money.h"
@@ -11,9 +14,7 @@
 #include "orders/OrderRepository.h"
 #include "orders/OrderWords.h"
 #include "settings/OrganisationDetails.h"
-#include "shell/AppContext.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "store/DatabaseFile.h"
 #include "store/OrderLeases.h"
 #include "store/ServerStore.h"
@@ -23,7 +24,6 @@
 #include "vendors/VendorChooser.h"
 #include "vendors/VendorRecords.h"
 #include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ScriptedPrompter.h"
-#include "shell/AppContext.h"
-#include "shell/Options.h"
+#include "app/AppContext.h"
+#include "app/Options.h"
 
 #include <QTemporaryDir>
 #include <QWidget>

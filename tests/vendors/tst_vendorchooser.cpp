@@ -1,13 +1,13 @@
+#include "app/MenuMasks.h"
+#include "app/VendorSession.h"
 #include "common/Dates.h"
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
-#include "shell/MenuMasks.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
 #include "vendors/VendorChooser.h"
 #include "vendors/VendorChooserForm.h"
 #include "vendors/VendorRepository.h"
-#include "vendors/VendorSession.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/AppContext.h"
 #include "common/Prompter.h"
-#include "shell/AppContext.h"
 
 #include <optional>
 

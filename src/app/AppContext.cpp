@@ -1,8 +1,8 @@
 #include "AppContext.h"
 
+#include "app/VendorSession.h"
 #include "store/DatabaseFile.h"
 #include "store/Store.h"
-#include "vendors/VendorSession.h"
 
 #include <QDir>
 

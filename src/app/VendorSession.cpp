@@ -1,7 +1,7 @@
 #include "VendorSession.h"
 
+#include "app/AppContext.h"
 #include "common/Sql.h"
-#include "shell/AppContext.h"
 #include "store/DatabaseFile.h"
 #include "store/Dialect.h"
 #include "store/OrderLeases.h"

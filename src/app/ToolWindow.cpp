@@ -1,6 +1,6 @@
 #include "ToolWindow.h"
 
-#include "shell/MenuMasks.h"
+#include "app/MenuMasks.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>
