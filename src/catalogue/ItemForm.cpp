@@ -4,9 +4,9 @@
 #include "app/VendorSession.h"
 #include "catalogue/Find.h"
 #include "catalogue/ItemChecks.h"
-#include "catalogue/Revaluation.h"
 #include "common/FormHelpers.h"
 #include "common/RecordForm.h"
+#include "orders/Revaluation.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 #include "ItemImport.h"
 
 #include "PriceListReader.h"
-#include "Revaluation.h"
 #include "common/WaitCursor.h"
+#include "orders/Revaluation.h"
 
 namespace ordwell::ItemImport {
 

@@ -2,11 +2,11 @@
 
 #include "app/AppContext.h"
 #include "app/VendorSession.h"
-#include "catalogue/Revaluation.h"
 #include "common/Dates.h"
 #include "common/Prompter.h"
 #include "common/Sql.h"
 #include "common/WaitCursor.h"
+#include "orders/Revaluation.h"
 #include "store/OrderLeases.h"
 
 namespace ordwell::VendorChooser {

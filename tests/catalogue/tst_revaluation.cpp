@@ -1,5 +1,5 @@
 #include "VendorFixture.h"
-#include "catalogue/Revaluation.h"
+#include "orders/Revaluation.h"
 #include "support/ScriptedPrompter.h"
 
 #include <QTest>
