@@ -2,6 +2,7 @@
 
 #include "common/Sql.h"
 #include "common/TextChecks.h"
+#include "store/Dialect.h"
 
 #include <QSqlQuery>
 
@@ -59,11 +60,25 @@ Result<int> add(const QSqlDatabase& db, const QString& prefix, int skipFirst, in
     return q.value().lastInsertId().toInt();
 }
 
-Status save(const QSqlDatabase& db, int codenum, const QString& prefix, int skipFirst, int skipLast) {
-    return Sql::run(db,
-                    QStringLiteral("UPDATE barcodes SET codestart = ?, skipfirst = ?, skiplast = ?, status = ? "
-                                   "WHERE codenum = ?"),
-                    {prefix, skipFirst, skipLast, Active, codenum});
+Status save(const QSqlDatabase& db, int codenum, const QString& prefix, int skipFirst, int skipLast,
+            const BarcodeRule* asShown, bool* changedElsewhere) {
+    QString sql = QStringLiteral("UPDATE barcodes SET codestart = ?, skipfirst = ?, skiplast = ?, status = ? "
+                                 "WHERE codenum = ?");
+    QVariantList values{prefix, skipFirst, skipLast, Active, codenum};
+    if (asShown) {
+        sql += Dialects::unchanged(db, {Dialects::exactly(db, QStringLiteral("codestart")), QStringLiteral("skipfirst"),
+                                        QStringLiteral("skiplast"), QStringLiteral("status")});
+        values << asShown->codestart << asShown->skipfirst << asShown->skiplast << asShown->status;
+    }
+    auto ran = Sql::exec(db, sql, values);
+    if (!ran)
+        return ran.status();
+    if (asShown && ran->numRowsAffected() == 0) {
+        if (changedElsewhere)
+            *changedElsewhere = true;
+        return Status::fail(ChangedElsewhereText);
+    }
+    return Status::ok();
 }
 
 std::optional<int> skipCount(const QString& text) {

@@ -42,8 +42,14 @@ Result<bool> isNewPrefix(const QSqlDatabase& db, const QString& prefix);
 // A new active rule; its number comes from the table's counter.
 Result<int> add(const QSqlDatabase& db, const QString& prefix, int skipFirst, int skipLast);
 
-// Rewrites rule `codenum`, which also makes it active again.
-Status save(const QSqlDatabase& db, int codenum, const QString& prefix, int skipFirst, int skipLast);
+// Rewrites rule `codenum`, which also makes it active again. With `asShown`, only the rule as
+// it was shown is rewritten: when someone else changed it in between (another workstation on
+// a server), nothing is written and `changedElsewhere` is set.
+Status save(const QSqlDatabase& db, int codenum, const QString& prefix, int skipFirst, int skipLast,
+            const BarcodeRule* asShown = nullptr, bool* changedElsewhere = nullptr);
+inline const QString ChangedElsewhereText =
+    QStringLiteral("Someone else has changed this barcode rule since it was shown here. The list now shows the "
+                   "rules as they are stored: make your change again if it is still needed.");
 
 // A count of characters to skip as the boxes take it: a whole number from 0 to 99.
 std::optional<int> skipCount(const QString& text);

@@ -254,6 +254,8 @@ void BarcodeRulesForm::onGridDoubleClick() {
     m_editCode = text(1);
     m_editRow = row;
     m_editNumber = m_rowNumbers.value(row);
+    m_editShown = BarcodeRule{m_editNumber, text(1), text(2).toInt(), text(3).toInt(),
+                              text(4) == ActiveText ? BarcodeRules::Active : BarcodeRules::Deactivated};
     for (int i = 0; i < 3; ++i)
         m_boxes[i]->setText(text(i + 1));
     focusOn(m_boxes[0]);
@@ -304,12 +306,20 @@ void BarcodeRulesForm::AddOrSaveRule() {
         }
         // Editing never checks for a duplicate: two rules may end up sharing a prefix.
         Status saved;
+        bool changedElsewhere = false;
         {
             WaitCursor wait;
-            saved = BarcodeRules::save(db, m_editNumber, check.prefix, check.skipFirst, check.skipLast);
+            saved = BarcodeRules::save(db, m_editNumber, check.prefix, check.skipFirst, check.skipLast, &m_editShown,
+                                       &changedElsewhere);
         }
         if (!saved) {
             context().prompter().message(saved.message(), QString(), MessageIcon::Critical);
+            if (changedElsewhere) {
+                // What is stored now is shown; the user may choose the rule again.
+                LoadRuleGrid();
+                ClearRuleEntry();
+                focusOn(m_boxes[0]);
+            }
             return;
         }
         m_editCode.clear();

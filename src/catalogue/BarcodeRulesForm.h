@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ToolWindow.h"
+#include "catalogue/BarcodeRules.h"
 
 #include <memory>
 
@@ -63,7 +64,8 @@ private:
     bool m_editingRule = false;
     int m_editRow = 0;
     QString m_editCode;
-    int m_editNumber = 0; // the rule's own number, so a prefix shared after an edit finds the right one
+    int m_editNumber = 0;    // the rule's own number, so a prefix shared after an edit finds the right one
+    BarcodeRule m_editShown; // the chosen rule as the list showed it, which a save may only overwrite
     int m_ruleCount = 0;
     QList<int> m_rowNumbers; // the rule number shown in each row (index = row)
 };

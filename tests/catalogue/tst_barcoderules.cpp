@@ -171,6 +171,18 @@ private slots:
         r.doubleClick(1);
         QCOMPARE(r.stored(), (QStringList{"1|AAA|1|2|A", "2|AAA|3|4|A"}));
         QCOMPARE(r.cell(1, 4), QStringLiteral("Active"));
+
+        // Someone else changes the rule being edited here: this save is refused, and the list
+        // shows what they stored.
+        r.s.prompter().expect(QStringLiteral("Please select a barcode rule to edit"));
+        r.button(BarcodeRulesForm::EditButton)->click();
+        r.doubleClick(2);
+        QVERIFY(Sql::run(r.s.db(), QStringLiteral("UPDATE barcodes SET skipfirst = 9 WHERE codenum = 2")));
+        r.enter(QStringLiteral("ZZZ"), QStringLiteral("0"), QStringLiteral("0"));
+        r.s.prompter().expect(BarcodeRules::ChangedElsewhereText);
+        r.button(BarcodeRulesForm::AddButton)->click();
+        QCOMPARE(r.stored()[1], QStringLiteral("2|AAA|9|4|A"));
+        QCOMPARE(r.row(2), QStringLiteral("2|AAA|9|4|Active"));
     }
 
     // Past 99 rules the grid grows, numbering its rows; the row written last is scrolled into
