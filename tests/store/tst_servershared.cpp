@@ -5,7 +5,10 @@
 #include "app/AppContext.h"
 #include "app/MenuMasks.h"
 #include "app/VendorSession.h"
+#include "catalogue/ImportProgress.h"
+#include "catalogue/ItemImport.h"
 #include "catalogue/ItemRepository.h"
+#include "catalogue/PriceListReader.h"
 #include "common/Money.h"
 #include "common/Sql.h"
 #include "orders/OrderForm.h"
@@ -71,6 +74,14 @@ QStringList drawNumbers(const QString& connection, int count) {
 }
 
 const QString OrderId = QStringLiteral("ABC1000000");
+
+class NoProgress : public ImportProgress {
+public:
+    void showLineCount(int) override {}
+    void showLine(int) override {}
+    void showInfo(const QString&) override {}
+    void showResetPrices(const QString&) override {}
+};
 
 // The child process of aKilledHoldersLeaseRunsOut: takes the lease, says so, and waits to be killed.
 int holdLease(const QString& conninfo) {
@@ -238,6 +249,60 @@ private slots:
         QCOMPARE(*VendorChooser::hasLiveOrder(db), true);
         QCOMPARE(*revalueOpenOrders(db), 1);
         QCOMPARE(linePrice(), 40000);
+    }
+
+    // A price list imported on one workstation while another builds an order: the order being
+    // built keeps its prices, and its total always agrees with its lines.
+    void anImportWhileAnotherBuildsAnOrder() {
+        QVERIFY(Sql::run(QSqlDatabase::database(Conn), QStringLiteral("UPDATE orderhead SET status = 'L'")));
+        QVERIFY(Sql::run(QSqlDatabase::database(Conn), QStringLiteral("DELETE FROM orderline")));
+        QVERIFY(Sql::run(QSqlDatabase::database(Conn), QStringLiteral("UPDATE orderhead SET totalval = 0")));
+        OrderLeases builder(QSqlDatabase::database(Conn), QStringLiteral("pc-a-run-1"), QStringLiteral("ann on pc-a"));
+        QVERIFY(builder.take(OrderId));
+        std::thread building([] {
+            {
+                auto db = ServerStore::openVendor(QStringLiteral("builder"), server(), QStringLiteral("ABC"));
+                qint64 total = 0;
+                for (int line = 1; db && line <= 60; ++line) {
+                    // One line and the header's total in one step, as the order form writes them.
+                    Sql::Transaction step(*db);
+                    total += 30000;
+                    Sql::run(*db,
+                             QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, "
+                                            "lineval, recvqty) VALUES (?, ?, 'A1', '2026-03-11', 'L', 1, 30000, "
+                                            "30000, 0)"),
+                             {OrderId, line});
+                    Sql::run(*db, QStringLiteral("UPDATE orderhead SET totalval = ? WHERE orderid = ?"),
+                             {total, OrderId});
+                    step.commit();
+                }
+            }
+            DatabaseFile::close(QStringLiteral("builder"));
+        });
+        test::TestFolders folders;
+        const QString list = folders.dataFile(QStringLiteral("prices.csv"));
+        QByteArray lines;
+        for (int i = 0; i < 3000; ++i)
+            lines += "N" + QByteArray::number(i) + ",New,1,1,1.00,31/12/2030\n";
+        lines += "A1,Apples,1,1,4.00,31/12/2030\n";
+        QVERIFY(test::writeFile(list, lines));
+        {
+            auto importer = ServerStore::openVendor(QStringLiteral("importer"), server(), QStringLiteral("ABC"));
+            QVERIFY(importer);
+            test::ScriptedPrompter prompter;
+            NoProgress progress;
+            PriceListReader reader(list);
+            QVERIFY(ItemImport::prepare(reader, prompter, progress));
+            QVERIFY(ItemImport::execute(*importer, reader, QDate(2026, 3, 15), prompter, progress).outcome.completed());
+        }
+        building.join();
+        DatabaseFile::close(QStringLiteral("importer"));
+        const QSqlDatabase db = QSqlDatabase::database(Conn);
+        QCOMPARE(Sql::scalar(db, QStringLiteral("SELECT price FROM items WHERE code = 'A1'"))->toLongLong(), 40000);
+        QCOMPARE(Sql::scalar(db, QStringLiteral("SELECT count(*) FROM orderline WHERE price <> 30000"))->toInt(), 0);
+        QCOMPARE(Sql::scalar(db, QStringLiteral("SELECT totalval FROM orderhead"))->toLongLong(),
+                 Sql::scalar(db, QStringLiteral("SELECT sum(lineval) FROM orderline"))->toLongLong());
+        QCOMPARE(Sql::scalar(db, QStringLiteral("SELECT count(*) FROM orderline"))->toInt(), 60);
     }
 
     // A workstation killed while it holds an order: the order stays its until the lease runs
