@@ -11,6 +11,7 @@
 #include "catalogue/PriceListReader.h"
 #include "common/Money.h"
 #include "common/Sql.h"
+#include "orders/OrderExport.h"
 #include "orders/OrderForm.h"
 #include "orders/OrderPrinting.h"
 #include "orders/OrderRepository.h"
@@ -535,6 +536,24 @@ private slots:
                                 base + QStringList{QStringLiteral("--render-report"), QStringLiteral("vendhist.rpt")});
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QVERIFY2(pdfText(pdf).contains(QStringLiteral("March 2026")), qPrintable(pdfText(pdf)));
+        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
+                                base + QStringList{QStringLiteral("--render-report"), QStringLiteral("outitms.rpt")});
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        QVERIFY2(pdfText(pdf).contains(QStringLiteral("ABC1000000")), qPrintable(pdfText(pdf)));
+
+        // The export reads the server too, and writes to this workstation's desktop.
+        auto system = ServerStore::openSystem(QStringLiteral("system"), server());
+        QVERIFY(system);
+        QVERIFY(Sql::run(*system, QStringLiteral("INSERT INTO Sysset (location, add1, county, postcode, contact, "
+                                                 "telephone, email) VALUES ('Harbour Books', '1 Quay', 'Devon', "
+                                                 "'EX1 1AA', 'Ann', '01', 'a@b')")));
+        QVERIFY(Sql::run(QSqlDatabase::database(Conn), QStringLiteral("UPDATE orderhead SET status = 'P'")));
+        const auto exported = OrderExport::ExportOrder(*system, QSqlDatabase::database(Conn),
+                                                       QStringLiteral("Acme Supplies"), folders.desktopDir(), OrderId);
+        QVERIFY2(exported.outcome == OrderExport::Outcome::Exported, qPrintable(exported.message));
+        QVERIFY(test::fileContents(exported.path).contains("FROM:,Harbour Books"));
+        QCOMPARE(Sql::scalar(QSqlDatabase::database(Conn), QStringLiteral("SELECT status FROM orderhead"))->toString(),
+                 QStringLiteral("X"));
 
         // A report that tries to write is stopped by the server session, and nothing changes.
         const QString writer = folders.dataFile(QStringLiteral("writer.rpt"));
