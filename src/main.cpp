@@ -36,17 +36,7 @@ int main(int argc, char* argv[]) {
     }
     if (!early.emailOrder.isEmpty())
         return ordwell::emailOrderHeadless(argc, argv, early);
-    if (!early.copyToServer.isEmpty()) {
-        QCoreApplication app(argc, argv);
-        QTextStream out(stdout);
-        QTextStream err(stderr);
-        if (!early.error.isEmpty()) {
-            err << early.error << Qt::endl;
-            return ordwell::HeadlessBackup::BadArguments;
-        }
-        return ordwell::HeadlessBackup::copyToServer(early, out, err);
-    }
-    if (!early.backupFile.isEmpty() || !early.restoreFile.isEmpty()) {
+    if (!early.backupFile.isEmpty() || !early.restoreFile.isEmpty() || !early.copyToServer.isEmpty()) {
         QCoreApplication app(argc, argv);
         QTextStream out(stdout);
         QTextStream err(stderr);

@@ -132,12 +132,7 @@ Status send(const QSqlDatabase& vendorDb, const QString& orderId, const Mail& ma
                                      QDir::toNativeSeparators(mail.attachment)));
     }
     // Sent as an export sends it: the order and its live lines "X" in one step.
-    Sql::Transaction transaction(vendorDb);
-    Status marked = OrderTransitions::setOrderStatus(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
-    if (marked)
-        marked = OrderTransitions::setLineStatus(vendorDb, orderId, QStringLiteral("X"));
-    if (marked)
-        marked = transaction.commit();
+    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
     if (!marked)
         return Status::fail(
             QStringLiteral("The mail was opened, but the order could not be marked as sent: %1").arg(marked.message()));

@@ -148,12 +148,7 @@ ExportResult ExportOrder(const QSqlDatabase& systemDb, const QSqlDatabase& vendo
     ExportResult result = WriteExportFile(desktopDir, orderId, ExportRecords::FileContents(texts.value()));
     if (result.outcome != Outcome::Exported)
         return result;
-    Sql::Transaction transaction(vendorDb);
-    Status marked = OrderTransitions::setOrderStatus(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
-    if (marked)
-        marked = OrderTransitions::setLineStatus(vendorDb, orderId, QStringLiteral("X"));
-    if (marked)
-        marked = transaction.commit();
+    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
     if (!marked) {
         QFile::remove(result.path);
         result.outcome = Outcome::Failed;

@@ -149,13 +149,7 @@ void takeUp(OrderForm& form) {
     form.EnableStartOrder(false);
     form.EnableEditOrder(true);
     // Order and lines turn live together, so a crash cannot leave them apart.
-    const QSqlDatabase db = form.vendorDb();
-    Sql::Transaction transaction(db);
-    Status done = OrderTransitions::setOrderStatus(db, number, OrderStatus::Live, QDate::currentDate());
-    if (done)
-        done = OrderTransitions::setLineStatus(db, number, OrderStatus::Live);
-    if (done)
-        done = transaction.commit();
+    const Status done = OrderTransitions::moveOrder(form.vendorDb(), number, OrderStatus::Live, QDate::currentDate());
     if (!done)
         form.reportFailure(QStringLiteral("The order could not be taken up again."), done.message());
     header(form, Header::Status)->setText(QStringLiteral("L - LIVE"));

@@ -40,6 +40,16 @@ Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QStri
     return Sql::run(db, sql, {letter, orderId});
 }
 
+Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today) {
+    Sql::Transaction transaction(db);
+    Status moved = setOrderStatus(db, orderId, letter, today);
+    if (moved)
+        moved = setLineStatus(db, orderId, letter);
+    if (moved)
+        moved = transaction.commit();
+    return moved;
+}
+
 Result<QString> orderStatus(const QSqlDatabase& db, const QString& orderId) {
     auto value = Sql::scalar(db, QStringLiteral("SELECT status FROM orderhead WHERE orderid = ?"), {orderId});
     if (!value)

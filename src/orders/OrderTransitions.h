@@ -23,6 +23,10 @@ Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QStr
 // such line as received in full. The only writer of the lines' status for the whole order.
 Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter);
 
+// The order and its lines moved to `letter` together, in one transaction (both as
+// setOrderStatus and setLineStatus write them), so a failure leaves neither moved.
+Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today);
+
 // The order's stored status, or an empty text when there is no such order.
 Result<QString> orderStatus(const QSqlDatabase& db, const QString& orderId);
 

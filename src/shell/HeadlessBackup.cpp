@@ -11,6 +11,8 @@
 namespace ordwell::HeadlessBackup {
 
 int run(const Options& options, QTextStream& out, QTextStream& err) {
+    if (!options.copyToServer.isEmpty())
+        return copyToServer(options, out, err);
     const QString dataDir = resolveDataDir(options);
     if (!options.backupFile.isEmpty()) {
         const QString archive = QFileInfo(options.backupFile).absoluteFilePath();

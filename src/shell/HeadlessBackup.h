@@ -16,6 +16,7 @@ namespace HeadlessBackup {
 
 enum ExitCode { Done = 0, Refused = 1, BadArguments = 2 };
 
+// The backup, the restore or the copy to a server, whichever the options ask for.
 int run(const Options& options, QTextStream& out, QTextStream& err);
 
 // `ordwell [--data-dir DIR] --copy-to-server CONNINFO`: the data folder copied into an empty

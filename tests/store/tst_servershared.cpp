@@ -46,7 +46,7 @@ const QString Admin = QStringLiteral("admin");
 const QString Conn = QStringLiteral("vendor");
 
 QString server() {
-    return qEnvironmentVariable("ORDWELL_TEST_SERVER");
+    return test::testServer();
 }
 
 QString pdfText(const QString& pdf) {
@@ -108,30 +108,14 @@ class TestServerShared : public test::StrictTest {
     // A server database holding nothing of ours.
     void dropOurSchemas() {
         DatabaseFile::close(Conn);
-        {
-            auto admin = ServerStore::connect(Admin, server());
-            QVERIFY2(admin, qPrintable(admin.message()));
-            auto schemas =
-                Sql::exec(*admin, QStringLiteral("SELECT schema_name FROM information_schema.schemata WHERE "
-                                                 "schema_name = 'ordwell' OR schema_name LIKE 'vendor\\_%'"));
-            QVERIFY(schemas);
-            QStringList names;
-            while (schemas.value().next())
-                names << schemas.value().value(0).toString();
-            for (const QString& name : names)
-                QVERIFY(Sql::run(*admin, QStringLiteral("DROP SCHEMA %1 CASCADE").arg(name)));
-        }
-        DatabaseFile::close(Admin);
+        const QString problem = test::dropOrdwellSchemas();
+        QVERIFY2(problem.isEmpty(), qPrintable(problem));
     }
 
 private slots:
     void initTestCase() {
         test::initTestEnvironment();
-        if (server().isEmpty()) {
-            if (qEnvironmentVariableIsSet("ORDWELL_REQUIRE_SERVER"))
-                QFAIL("ORDWELL_TEST_SERVER is not set");
-            QSKIP("no test server (run through scripts/test)");
-        }
+        ORDWELL_NEEDS_TEST_SERVER();
     }
 
     // The organisation, vendor ABC with one order of two lines (one cancelled), nothing else.

@@ -21,7 +21,7 @@ const QString Admin = QStringLiteral("admin");
 const QString Conn = QStringLiteral("server");
 
 QString server() {
-    return qEnvironmentVariable("ORDWELL_TEST_SERVER");
+    return test::testServer();
 }
 
 QStringList columnsOf(const QSqlDatabase& db, const QString& schema) {
@@ -49,26 +49,13 @@ class TestServerStore : public test::StrictTest {
 private slots:
     void initTestCase() {
         test::initTestEnvironment();
-        if (server().isEmpty()) {
-            // scripts/test always starts a server; only a bare ctest run goes without one.
-            if (qEnvironmentVariableIsSet("ORDWELL_REQUIRE_SERVER"))
-                QFAIL("ORDWELL_TEST_SERVER is not set");
-            QSKIP("no test server (run through scripts/test)");
-        }
+        ORDWELL_NEEDS_TEST_SERVER();
     }
 
     // Each test starts from a server database holding nothing of ours.
     void init() {
-        auto db = ServerStore::connect(Admin, server());
-        QVERIFY2(db, qPrintable(db.message()));
-        auto schemas = Sql::exec(*db, QStringLiteral("SELECT schema_name FROM information_schema.schemata WHERE "
-                                                     "schema_name = 'ordwell' OR schema_name LIKE 'vendor\\_%'"));
-        QVERIFY(schemas);
-        QStringList names;
-        while (schemas.value().next())
-            names << schemas.value().value(0).toString();
-        for (const QString& name : names)
-            QVERIFY(Sql::run(*db, QStringLiteral("DROP SCHEMA %1 CASCADE").arg(name)));
+        const QString problem = test::dropOrdwellSchemas();
+        QVERIFY2(problem.isEmpty(), qPrintable(problem));
     }
     void cleanup() {
         DatabaseFile::close(Conn);

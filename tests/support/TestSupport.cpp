@@ -1,10 +1,11 @@
 #include "TestSupport.h"
 
-#include <QProcess>
-
+#include "common/Sql.h"
 #include "settings/OrganisationDetails.h"
 #include "shell/MainWindow.h"
 #include "shell/MenuWiring.h"
+#include "store/DatabaseFile.h"
+#include "store/ServerStore.h"
 #include "store/Store.h"
 
 #include <QAbstractButton>
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPointer>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QSet>
 #include <QSignalSpy>
@@ -197,6 +199,35 @@ Finished runHeadless(const QString& executable, const QStringList& arguments) {
         qWarning("the program did not finish");
     return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
             QString::fromUtf8(program.readAllStandardOutput()), QString::fromUtf8(program.readAllStandardError())};
+}
+
+QString testServer() {
+    return qEnvironmentVariable("ORDWELL_TEST_SERVER");
+}
+
+QString dropOrdwellSchemas() {
+    const QString connection = QStringLiteral("test-admin");
+    QString problem;
+    {
+        auto db = ServerStore::connect(connection, testServer());
+        if (!db)
+            return db.message();
+        auto schemas = Sql::exec(*db, QStringLiteral("SELECT schema_name FROM information_schema.schemata WHERE "
+                                                     "schema_name = 'ordwell' OR schema_name LIKE 'vendor\\_%'"));
+        QStringList names;
+        while (schemas && schemas.value().next())
+            names << schemas.value().value(0).toString();
+        for (const QString& name : names) {
+            if (const Status dropped =
+                    Sql::run(*db, QStringLiteral("DROP SCHEMA ") + name + QStringLiteral(" CASCADE"));
+                !dropped)
+                problem = dropped.message();
+        }
+        if (!schemas)
+            problem = schemas.message();
+    }
+    DatabaseFile::close(connection);
+    return problem;
 }
 
 } // namespace ordwell::test

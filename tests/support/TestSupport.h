@@ -111,6 +111,23 @@ struct Finished {
 // window would make it fail.
 Finished runHeadless(const QString& executable, const QStringList& arguments);
 
+// The PostgreSQL server scripts/test starts (ORDWELL_TEST_SERVER), empty when there is none.
+QString testServer();
+// Drops every schema of Ordwell's from the test server's database, so a test starts from none.
+// Empty when done, else why not.
+QString dropOrdwellSchemas();
+
+// In initTestCase of a test that needs the server: skipped without one, unless the run
+// requires it (scripts/test always starts one; only a bare ctest run goes without).
+#define ORDWELL_NEEDS_TEST_SERVER()                                                                                    \
+    do {                                                                                                               \
+        if (ordwell::test::testServer().isEmpty()) {                                                                   \
+            if (qEnvironmentVariableIsSet("ORDWELL_REQUIRE_SERVER"))                                                   \
+                QFAIL("ORDWELL_TEST_SERVER is not set");                                                               \
+            QSKIP("no test server (run through scripts/test)");                                                        \
+        }                                                                                                              \
+    } while (false)
+
 // Stores an organisation's details, so the main window does not ask for them first.
 void storeOrganisationDetails(AppContext& context);
 
