@@ -3,6 +3,7 @@
 #include "OrderTransitions.h"
 #include "common/Dates.h"
 #include "common/Sql.h"
+#include "store/Dialect.h"
 
 #include <QRegularExpression>
 #include <QSqlQuery>
@@ -62,8 +63,13 @@ Judgement JudgeReceivedQuantity(const QString& typed, int outstanding) {
 Result<ReceivedLine> ReceiveLine(const QSqlDatabase& db, const QString& orderId, const QString& code, int quantity,
                                  const QDate& today) {
     Sql::Transaction transaction(db);
-    const QString select = QStringLiteral("SELECT line, code, qty, recvqty, price, status, rowid FROM orderline "
-                                          "WHERE orderid = ? AND code = ? AND status <> 'C' ORDER BY line LIMIT 1");
+    // Lines have no key of their own, so the row is found again by the engine's own row
+    // address, held for the rest of the step.
+    const QString rowKey = Dialects::rowAddress(db);
+    const QString select = QStringLiteral("SELECT line, code, qty, recvqty, price, status, ") + rowKey +
+                           QStringLiteral(" FROM orderline WHERE orderid = ? AND code = ? AND status <> 'C' "
+                                          "ORDER BY line LIMIT 1") +
+                           Dialects::lockingRead(db);
     auto found = Sql::exec(db, select, {orderId, code});
     if (!found)
         return found.status();
@@ -72,7 +78,7 @@ Result<ReceivedLine> ReceiveLine(const QSqlDatabase& db, const QString& orderId,
         return Status::fail(QStringLiteral("The order %1 has no line for the item %2.").arg(orderId, code));
     const int ordered = q.value(2).toInt();
     const int received = q.value(3).toInt();
-    const qlonglong rowId = q.value(6).toLongLong();
+    const QVariant rowId = q.value(6);
     q.finish();
     if (quantity <= 0 || quantity > Outstanding(ordered, received))
         return Status::fail(QStringLiteral("%1 cannot be received against the %2 still outstanding for the item %3.")
@@ -80,14 +86,12 @@ Result<ReceivedLine> ReceiveLine(const QSqlDatabase& db, const QString& orderId,
                                 .arg(Outstanding(ordered, received))
                                 .arg(code));
     const int nowReceived = received + quantity;
-    Status s = Sql::run(db,
-                        QStringLiteral("UPDATE orderline SET recvqty = ?, recvdate = ?, "
-                                       "status = CASE WHEN ? = qty THEN 'R' ELSE status END WHERE rowid = ?"),
-                        {nowReceived, Dates::toStored(today), nowReceived, rowId});
-    if (!s)
-        return s;
-    auto after = Sql::exec(
-        db, QStringLiteral("SELECT line, code, qty, recvqty, price, status FROM orderline WHERE rowid = ?"), {rowId});
+    // Written and read back in one statement.
+    auto after = Sql::exec(db,
+                           QStringLiteral("UPDATE orderline SET recvqty = ?, recvdate = ?, "
+                                          "status = CASE WHEN ? = qty THEN 'R' ELSE status END WHERE ") +
+                               rowKey + QStringLiteral(" = ? RETURNING line, code, qty, recvqty, price, status"),
+                           {nowReceived, Dates::toStored(today), nowReceived, rowId});
     if (!after)
         return after.status();
     if (!after.value().next())

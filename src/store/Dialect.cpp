@@ -16,6 +16,10 @@ QString caseBlind(const QSqlDatabase& db, const QString& column) {
     return of(db) == Dialect::PostgreSQL ? column : column + QStringLiteral(" COLLATE NOCASE");
 }
 
+QString rowAddress(const QSqlDatabase& db) {
+    return of(db) == Dialect::PostgreSQL ? QStringLiteral("ctid") : QStringLiteral("rowid");
+}
+
 QString lockingRead(const QSqlDatabase& db) {
     return of(db) == Dialect::PostgreSQL ? QStringLiteral(" FOR UPDATE") : QString();
 }

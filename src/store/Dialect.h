@@ -22,6 +22,10 @@ QString exactly(const QSqlDatabase& db, const QString& column);
 // A text column compared without regard to case, as the key columns are on both engines.
 QString caseBlind(const QSqlDatabase& db, const QString& column);
 
+// The engine's own address of a row, for a table without a key: "rowid" in a file, "ctid" on
+// a server (where it changes when the row is rewritten: read it under lockingRead()).
+QString rowAddress(const QSqlDatabase& db);
+
 // A SELECT that a read-then-write must hold until its transaction ends: " FOR UPDATE" on a
 // server, where another workstation could otherwise read the same row in between; nothing on
 // a file, whose writing transaction already keeps every other writer out.

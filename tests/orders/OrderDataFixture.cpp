@@ -8,9 +8,9 @@ namespace ordwell::test {
 
 OrderDataFixture::OrderDataFixture() {
     storeOrganisationDetails(ctx());
-    if (!Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("ABC")))
+    if (!Store::CreateVendorDatabase(ctx().store(), QStringLiteral("ABC")))
         qFatal("cannot create the vendor database");
-    if (!Store::OpenVendorDatabase(ctx().dataDir(), Store::vendorFileName(QStringLiteral("ABC"))))
+    if (!Store::OpenVendorDatabase(ctx().store(), Store::vendorFileName(QStringLiteral("ABC"))))
         qFatal("cannot open the vendor database");
     ctx().CurrentVendorCode = QStringLiteral("ABC");
     ctx().CurrentVendorName = QStringLiteral("Acme Supplies");
@@ -63,11 +63,12 @@ QString OrderDataFixture::orderStatus(const QString& orderId) {
 }
 
 QString OrderDataFixture::lineStatuses(const QString& orderId) {
-    auto v = Sql::scalar(vendorDb(),
-                         QStringLiteral("SELECT group_concat(status, '') FROM "
-                                        "(SELECT status FROM orderline WHERE orderid = ? ORDER BY line)"),
-                         {orderId});
-    return v ? v.value().toString() : QString();
+    auto q = Sql::exec(vendorDb(), QStringLiteral("SELECT status FROM orderline WHERE orderid = ? ORDER BY line"),
+                       {orderId});
+    QString statuses;
+    while (q && q.value().next())
+        statuses += q.value().value(0).toString();
+    return statuses;
 }
 
 QVariant OrderDataFixture::lineValue(const QString& orderId, int line, const QString& column) {

@@ -62,9 +62,11 @@ private slots:
         const QByteArray path = qgetenv("PATH");
         qputenv("PATH", bin.path().toLocal8Bit() + ':' + path);
         qputenv("MAIL_RECORD", record.toLocal8Bit());
-        const QStringList email{QStringLiteral("--data-dir"),    f.ctx().dataDir(),
-                                QStringLiteral("--vendor"),      QStringLiteral("ABC"),
-                                QStringLiteral("--email-order"), QStringLiteral("abc1000000")};
+        QStringList email{QStringLiteral("--data-dir"),    f.ctx().dataDir(),
+                          QStringLiteral("--vendor"),      QStringLiteral("ABC"),
+                          QStringLiteral("--email-order"), QStringLiteral("abc1000000")};
+        if (test::onTestServer())
+            email << QStringLiteral("--server") << test::testServer();
         auto send = [&](const char* exitCode) {
             qputenv("MAIL_EXIT", exitCode);
             return test::runHeadless(QStringLiteral(ORDWELL_EXE), email);

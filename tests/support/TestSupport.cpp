@@ -84,13 +84,26 @@ Options TestFolders::options() const {
     return o;
 }
 
+bool onTestServer() {
+    if (qEnvironmentVariable("ORDWELL_TEST_ENGINE") != QLatin1String("server"))
+        return false;
+    if (testServer().isEmpty() && qEnvironmentVariableIsSet("ORDWELL_REQUIRE_SERVER"))
+        qFatal("ORDWELL_TEST_ENGINE=server, but ORDWELL_TEST_SERVER is not set");
+    return !testServer().isEmpty();
+}
+
 TestContext::TestContext() {
     m_context = std::make_unique<AppContext>(m_folders.dataDir(), m_folders.settingsFile(), m_prompter);
     m_context->DesktopPath = m_folders.desktopDir();
-    const Status created = Store::CreateSystemDatabase(m_folders.dataDir());
+    if (onTestServer()) {
+        m_context->setServer(testServer());
+        if (const QString problem = dropOrdwellSchemas(); !problem.isEmpty())
+            qFatal("cannot clear the test server: %s", qPrintable(problem));
+    }
+    const Status created = Store::CreateSystemDatabase(m_context->store());
     if (!created)
         qFatal("cannot create the system database: %s", qPrintable(created.message()));
-    if (!Store::OpenSystemDatabase(m_folders.dataDir()))
+    if (!Store::OpenSystemDatabase(m_context->store()))
         qFatal("cannot open the system database");
 }
 

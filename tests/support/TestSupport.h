@@ -113,6 +113,9 @@ Finished runHeadless(const QString& executable, const QStringList& arguments);
 
 // The PostgreSQL server scripts/test starts (ORDWELL_TEST_SERVER), empty when there is none.
 QString testServer();
+// True when this run's data is to be on the test server (ORDWELL_TEST_ENGINE=server and a
+// server is there); the fixtures then make their databases there instead of in files.
+bool onTestServer();
 // Drops every schema of Ordwell's from the test server's database, so a test starts from none.
 // Empty when done, else why not.
 QString dropOrdwellSchemas();
