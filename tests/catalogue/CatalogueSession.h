@@ -19,7 +19,7 @@ public:
     CatalogueSession() {
         storeOrganisationDetails(ctx());
         if (!VendorRepository::addVendor(ctx().systemDb(), QStringLiteral("Test Supplies"), QStringLiteral("TST")) ||
-            !Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("TST")))
+            !Store::CreateVendorDatabase(ctx().store(), QStringLiteral("TST")))
             qFatal("cannot add the vendor");
         window = openMainWindow(ctx());
         if (!ctx().vendorSession().open(QStringLiteral("TST"), QStringLiteral("Test Supplies")))

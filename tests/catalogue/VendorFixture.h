@@ -20,9 +20,13 @@ public:
     explicit VendorFixture(const QString& code = QStringLiteral("TST"),
                            const QString& connection = QUuid::createUuid().toString())
         : m_connection(connection) {
-        if (!Store::CreateVendorDatabase(m_folders.dataDir(), code))
+        // In the data folder, or on the test server when the run asks for it.
+        const Store::StoreLocation where(m_folders.dataDir(), onTestServer() ? testServer() : QString());
+        if (where.onServer() && !dropOrdwellSchemas().isEmpty())
+            qFatal("cannot clear the test server");
+        if (!Store::CreateVendorDatabase(where, code))
             qFatal("cannot create the vendor database");
-        auto opened = Store::OpenVendorDatabase(m_folders.dataDir(), Store::vendorFileName(code), m_connection);
+        auto opened = Store::OpenVendorDatabase(where, Store::vendorFileName(code), m_connection);
         if (!opened)
             qFatal("cannot open the vendor database: %s", qPrintable(opened.message()));
         m_db = *opened;

@@ -189,7 +189,7 @@ private slots:
     // A product barcode finds its item; two items never share one, while any number have none.
     void gtinIsFoundAndNeverShared() {
         test::TestContext tc;
-        QVERIFY(Store::CreateVendorDatabase(tc.context().dataDir(), QStringLiteral("ABC")));
+        QVERIFY(Store::CreateVendorDatabase(tc.context().store(), QStringLiteral("ABC")));
         QVERIFY(tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme")));
         ItemRepository items(tc.context().vendorDb());
         Item first = item(QStringLiteral("P1"));
@@ -215,7 +215,7 @@ private slots:
 
     void browsesByKey() {
         test::TestContext tc;
-        QVERIFY(Store::CreateVendorDatabase(tc.context().dataDir(), QStringLiteral("ABC")));
+        QVERIFY(Store::CreateVendorDatabase(tc.context().store(), QStringLiteral("ABC")));
         QVERIFY(tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme")));
         ItemBrowser browser(tc.context().vendorDb());
         QVERIFY(browser.open());

@@ -116,6 +116,8 @@ private slots:
     }
 
     void aFailureChangesNothingAndIsReported() {
+        if (test::onTestServer())
+            QSKIP("the failure is made with a trigger in SQLite's own language");
         test::VendorFixture v;
         v.addItem(QStringLiteral("A1"), QStringLiteral("3.00"));
         v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("1.00"));
