@@ -18,7 +18,7 @@ namespace ordwell::test {
 
 OrderSession::OrderSession() {
     storeOrganisationDetails(ctx());
-    if (!Store::CreateVendorDatabase(ctx().dataDir(), QStringLiteral("ABC")))
+    if (!Store::CreateVendorDatabase(ctx().store(), QStringLiteral("ABC")))
         qFatal("cannot create the vendor database");
     if (!ctx().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Ltd")))
         qFatal("cannot open the vendor");
