@@ -21,9 +21,9 @@ namespace ordwell {
 struct Resolution {
     QString code;
     std::optional<CatalogueItem> item;
-    std::optional<int> quantity;
-    QStringList warnings;
-    QString problem;
+    std::optional<int> quantity = {};
+    QStringList warnings = {};
+    QString problem = {};
 };
 
 // Turns a typed or scanned code into a catalogue item: the code itself first, then each
