@@ -8,17 +8,17 @@
 namespace ordwell {
 
 namespace {
-const QString Columns = QStringLiteral("SELECT code, descr, packqty, defqty, price FROM items ");
+const QString SelectItems = QStringLiteral("SELECT code, descr, packqty, defqty, price FROM items ");
 }
 
 ItemCatalogue::ItemCatalogue(QSqlDatabase db)
     : m_db(std::move(db)), m_byCode(m_db), m_byDescription(m_db), m_byGtin(m_db), m_any(m_db) {
     m_byCode.setForwardOnly(true);
-    m_byCode.prepare(Columns + QStringLiteral("WHERE code = ?"));
+    m_byCode.prepare(SelectItems + QStringLiteral("WHERE code = ?"));
     m_byDescription.setForwardOnly(true);
-    m_byDescription.prepare(Columns + QStringLiteral("WHERE descr = ? ORDER BY code LIMIT 1"));
+    m_byDescription.prepare(SelectItems + QStringLiteral("WHERE descr = ? ORDER BY code LIMIT 1"));
     m_byGtin.setForwardOnly(true);
-    m_byGtin.prepare(Columns + QStringLiteral("WHERE gtin = ?"));
+    m_byGtin.prepare(SelectItems + QStringLiteral("WHERE gtin = ?"));
     m_any.setForwardOnly(true);
     m_any.prepare(QStringLiteral("SELECT 1 FROM items LIMIT 1"));
 }

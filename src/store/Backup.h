@@ -67,5 +67,8 @@ Outcome keepAutomaticBackup(const QString& dataDir, const QString& folder, int k
 // The automatic backups in `folder`, oldest first.
 QStringList automaticBackups(const QString& folder);
 
+// The data folder's files a backup holds, by name: the system database first.
+QStringList backedUpFiles(const QString& dataDir);
+
 } // namespace Backup
 } // namespace ordwell
