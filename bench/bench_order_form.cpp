@@ -123,6 +123,25 @@ int generate(int argc, char** argv) {
     return 0;
 }
 
+// Plain codes typed into the focused box with Enter, the quantity confirmed with Enter: each
+// needs the last rule, and merges into a line spread across the order.
+std::vector<double> timePlainScans() {
+    std::vector<double> scans;
+    for (int n = 0; n < Scans; ++n) {
+        const int line = 1 + (n * 337) % LineCount;
+        const QString code = QStringLiteral("R%1IT%2X")
+                                 .arg(RuleCount, 2, 10, QLatin1Char('0'))
+                                 .arg(itemOfLine(line), 8, 10, QLatin1Char('0'));
+        QElapsedTimer timer;
+        timer.start();
+        QTest::keyClicks(QApplication::focusWidget(), code);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        scans.push_back(timer.nsecsElapsed() / 1e6);
+    }
+    return scans;
+}
+
 // The same catalogue, rules and order lines on the server, made there in a few statements.
 bool generateOnServer() {
     if (!bench::freshServerVendor(Vendor))
@@ -209,19 +228,7 @@ int serverScans() {
         if (!admin)
             return 1;
         serverStatements(*admin, true);
-        std::vector<double> scans;
-        for (int n = 0; n < Scans; ++n) {
-            const int line = 1 + (n * 337) % LineCount;
-            const QString code = QStringLiteral("R%1IT%2X")
-                                     .arg(RuleCount, 2, 10, QLatin1Char('0'))
-                                     .arg(itemOfLine(line), 8, 10, QLatin1Char('0'));
-            QElapsedTimer timer;
-            timer.start();
-            QTest::keyClicks(QApplication::focusWidget(), code);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-            scans.push_back(timer.nsecsElapsed() / 1e6);
-        }
+        const std::vector<double> scans = timePlainScans();
         const qint64 statements = serverStatements(*admin, false);
         const auto lines =
             Sql::scalar(context.vendorDb(),
@@ -294,20 +301,7 @@ int main(int argc, char** argv) {
         form->showTotal(Money::fromTenThousandths(total ? total->toLongLong() : 0));
         form->ui().cmdstartorder->click();
         QCoreApplication::processEvents(); // the event loop runs between the click and the first key
-        std::vector<double> scans;
-        for (int n = 0; n < Scans; ++n) {
-            // Every scan needs the last rule, and merges into a line spread across the order.
-            const int line = 1 + (n * 337) % LineCount;
-            const QString code = QStringLiteral("R%1IT%2X")
-                                     .arg(RuleCount, 2, 10, QLatin1Char('0'))
-                                     .arg(itemOfLine(line), 8, 10, QLatin1Char('0'));
-            QElapsedTimer timer;
-            timer.start();
-            QTest::keyClicks(QApplication::focusWidget(), code);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-            scans.push_back(timer.nsecsElapsed() / 1e6);
-        }
+        const std::vector<double> scans = timePlainScans();
         const auto lines =
             Sql::scalar(context.vendorDb(),
                         QStringLiteral("SELECT COUNT(*) FROM orderline WHERE orderid = ? AND qty > 2"), {OrderId});
