@@ -1,6 +1,7 @@
 #include "app/Options.h"
 #include "catalogue/HeadlessImport.h"
 #include "orders/HeadlessEmail.h"
+#include "orders/HeadlessPeppol.h"
 #include "reports/HeadlessReport.h"
 #include "shell/HeadlessBackup.h"
 #include "shell/Program.h"
@@ -36,6 +37,10 @@ int main(int argc, char* argv[]) {
     }
     if (!early.emailOrder.isEmpty())
         return ordwell::emailOrderHeadless(argc, argv, early);
+    if (!early.exportPeppol.isEmpty() || !early.peppolOutput.isEmpty()) {
+        QCoreApplication app(argc, argv);
+        return ordwell::exportPeppolHeadless(early);
+    }
     if (!early.backupFile.isEmpty() || !early.restoreFile.isEmpty() || !early.copyToServer.isEmpty()) {
         QCoreApplication app(argc, argv);
         QTextStream out(stdout);

@@ -55,6 +55,18 @@ QString checkCombinations(const Options& options) {
         return S("--backup and --restore take only --data-dir and --settings.");
     if (!options.importFile.isEmpty() && !options.renderReport.isEmpty())
         return S("--import-items and --render-report are separate runs.");
+    if (!options.exportPeppol.isEmpty()) {
+        if (options.vendorCode.isEmpty())
+            return S("--export-peppol needs --vendor CODE.");
+        if (options.peppolOutput.isEmpty())
+            return S("--export-peppol needs --out FILE.");
+        if (!options.emailOrder.isEmpty() || !options.importFile.isEmpty() || !options.renderReport.isEmpty() ||
+            !options.pdfOutput.isEmpty() || !options.reportParameters.isEmpty())
+            return S("--export-peppol takes only --vendor, --out, --data-dir, --server and --settings.");
+        return {};
+    }
+    if (!options.peppolOutput.isEmpty())
+        return S("--out goes with --export-peppol.");
     if (!options.emailOrder.isEmpty()) {
         if (options.vendorCode.isEmpty())
             return S("--email-order needs --vendor CODE.");
@@ -119,6 +131,12 @@ const std::vector<OptionSpec>& optionTable() {
          S("Render this order of --vendor on the vendor's order form as a PDF, open the mail program on a "
            "message to the vendor with it attached (xdg-email), mark the order sent, and exit."),
          [](Options& o, const QStringList& v) { o.emailOrder = last(v); return QString(); }},
+        {{S("export-peppol")}, S("NUMBER"),
+         S("Write this order of --vendor as a Peppol BIS Ordering 3 order (UBL 2.1 XML) to the new file given "
+           "by --out, mark the order exported, and exit (exit 0 written, 1 refused, 2 bad arguments)."),
+         [](Options& o, const QStringList& v) { o.exportPeppol = last(v); return QString(); }},
+        {{S("out")}, S("FILE"), S("The XML file --export-peppol writes; it must not exist yet."),
+         [](Options& o, const QStringList& v) { o.peppolOutput = last(v); return QString(); }},
         {{S("copy-to-server")}, S("CONNINFO"),
          S("Copy the whole data folder (every vendor, deactivated ones too) into this PostgreSQL server's "
            "database, which must hold no Ordwell data yet; check it against the files, say what was copied, and "

@@ -37,16 +37,8 @@ QString outgoingFolder() {
 Result<Mail> prepare(const QSqlDatabase& systemDb, const QSqlDatabase& vendorDb, const QString& dataDir,
                      const QString& vendorCode, const QString& vendorName, const QString& orderId,
                      const QString& folder) {
-    const auto status = OrderTransitions::orderStatus(vendorDb, orderId);
-    if (!status)
-        return status.status();
-    if (status->isEmpty())
-        return Status::fail(QStringLiteral("There is no order %1 of this vendor.").arg(orderId));
-    static const QStringList sendable = {QStringLiteral("L"), QStringLiteral("E"), QStringLiteral("P"),
-                                         QStringLiteral("X")};
-    if (!sendable.contains(*status))
-        return Status::fail(
-            QStringLiteral("The order %1 has been received or cancelled, so it is not sent again.").arg(orderId));
+    if (const Status sendable = OrderTransitions::maySend(vendorDb, orderId); !sendable)
+        return sendable;
 
     auto vendor = Sql::exec(vendorDb, QStringLiteral("SELECT contactemail, repemail, contactname FROM vendor"));
     if (!vendor)

@@ -72,6 +72,17 @@ Status addLines(const QSqlDatabase& vendorDb, const QString& orderId, const QLoc
     return Status::ok();
 }
 
+std::optional<ExportResult> missingFolder(const QString& desktopDir, const QString& path) {
+    if (!desktopDir.isEmpty() && QFileInfo(desktopDir).isDir())
+        return std::nullopt;
+    ExportResult result;
+    result.path = path;
+    result.message = QStringLiteral("The order could not be exported because the desktop folder \"%1\" does not "
+                                    "exist.")
+                         .arg(QDir::toNativeSeparators(desktopDir));
+    return result;
+}
+
 } // namespace
 
 Result<ExportTexts> GatherTexts(const QSqlDatabase& systemDb, const QSqlDatabase& vendorDb, const QString& vendorName,
@@ -103,22 +114,15 @@ Result<ExportTexts> GatherTexts(const QSqlDatabase& systemDb, const QSqlDatabase
     return texts;
 }
 
-ExportResult WriteExportFile(const QString& desktopDir, const QString& orderId, const QByteArray& contents) {
+ExportResult WriteNewFile(const QString& path, const QByteArray& contents) {
     ExportResult result;
-    const QDir desktop(desktopDir);
-    result.path = desktop.filePath(FileName(orderId));
-    if (desktopDir.isEmpty() || !QFileInfo(desktopDir).isDir()) {
-        result.message = QStringLiteral("The order could not be exported because the desktop folder \"%1\" does "
-                                        "not exist.")
-                             .arg(QDir::toNativeSeparators(desktopDir));
-        return result;
-    }
+    result.path = path;
     // The name is compared exactly: a file whose name differs only in letter case is another file.
-    if (QFileInfo(result.path).exists() || QFileInfo(result.path).isSymLink()) {
+    if (QFileInfo(path).exists() || QFileInfo(path).isSymLink()) {
         result.outcome = Outcome::FileExists;
         return result;
     }
-    QSaveFile file(result.path);
+    QSaveFile file(path);
     file.setDirectWriteFallback(false);
     // Flushed before the commit: a write that fails only when the buffer is flushed (a full
     // disk) would otherwise still be committed, as an empty file.
@@ -126,10 +130,32 @@ ExportResult WriteExportFile(const QString& desktopDir, const QString& orderId, 
         !file.commit()) {
         result.message = QStringLiteral("The order could not be exported because the file \"%1\" could not be "
                                         "written: %2")
-                             .arg(QDir::toNativeSeparators(result.path), file.errorString());
+                             .arg(QDir::toNativeSeparators(path), file.errorString());
         return result;
     }
     result.outcome = Outcome::Exported;
+    return result;
+}
+
+ExportResult WriteExportFile(const QString& desktopDir, const QString& orderId, const QByteArray& contents) {
+    const QString path = QDir(desktopDir).filePath(FileName(orderId));
+    if (auto missing = missingFolder(desktopDir, path))
+        return *missing;
+    return WriteNewFile(path, contents);
+}
+
+ExportResult WriteAndMark(const QSqlDatabase& vendorDb, const QString& orderId, const QString& path,
+                          const QByteArray& contents) {
+    ExportResult result = WriteNewFile(path, contents);
+    if (result.outcome != Outcome::Exported)
+        return result;
+    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
+    if (!marked) {
+        QFile::remove(result.path);
+        result.outcome = Outcome::Failed;
+        result.message = QStringLiteral("The order could not be marked as exported, so its file was not kept: %1")
+                             .arg(marked.message());
+    }
     return result;
 }
 
@@ -145,17 +171,9 @@ ExportResult ExportOrder(const QSqlDatabase& systemDb, const QSqlDatabase& vendo
         failed.message = texts.message();
         return failed;
     }
-    ExportResult result = WriteExportFile(desktopDir, orderId, ExportRecords::FileContents(texts.value()));
-    if (result.outcome != Outcome::Exported)
-        return result;
-    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
-    if (!marked) {
-        QFile::remove(result.path);
-        result.outcome = Outcome::Failed;
-        result.message = QStringLiteral("The order could not be marked as exported, so its file was not kept: %1")
-                             .arg(marked.message());
-    }
-    return result;
+    if (auto missing = missingFolder(desktopDir, existing))
+        return *missing;
+    return WriteAndMark(vendorDb, orderId, existing, ExportRecords::FileContents(texts.value()));
 }
 
 } // namespace ordwell::OrderExport

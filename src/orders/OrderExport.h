@@ -43,6 +43,15 @@ struct ExportResult {
 // appears whole or not at all: it is written beside its final name and renamed when complete.
 ExportResult WriteExportFile(const QString& desktopDir, const QString& orderId, const QByteArray& contents);
 
+// Writes `contents` as the new file `path`, refusing one already there (FileExists). The file
+// appears whole or not at all: it is written beside its final name and renamed when complete.
+ExportResult WriteNewFile(const QString& path, const QByteArray& contents);
+
+// The new file first, then the order and its live lines "X" in one step. When the order cannot
+// be marked, the new file is taken away again so the export can be retried.
+ExportResult WriteAndMark(const QSqlDatabase& vendorDb, const QString& orderId, const QString& path,
+                          const QByteArray& contents);
+
 // The whole export: the file first, then the order and its live lines "X" in one step. When
 // the order cannot be marked, the new file is taken away again so the export can be retried.
 ExportResult ExportOrder(const QSqlDatabase& systemDb, const QSqlDatabase& vendorDb, const QString& vendorName,

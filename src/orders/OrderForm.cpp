@@ -8,11 +8,13 @@
 #include "common/FormHelpers.h"
 #include "common/WaitCursor.h"
 #include "orders/OrderEmail.h"
+#include "orders/PeppolOrder.h"
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
 #include "store/OrderLeases.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QEvent>
 #include <QFile>
 #include <QKeyEvent>
@@ -72,6 +74,7 @@ void OrderForm::connectControls() {
     connect(m_ui.cmdedit, &QPushButton::clicked, this, &OrderForm::cmdedit_Click);
     connect(m_ui.cmdfinditem, &QPushButton::clicked, this, &OrderForm::FindItemByDescription);
     connect(m_ui.cmdemail, &QPushButton::clicked, this, &OrderForm::EmailShownOrder);
+    connect(m_ui.cmdpeppol, &QPushButton::clicked, this, &OrderForm::ExportShownOrderAsPeppol);
     connect(m_ui.flxitems, &QTableWidget::cellDoubleClicked, this, [this] { LineRowChosen(); });
     for (QLineEdit* box : m_ui.txtheader)
         box->installEventFilter(this);
@@ -280,6 +283,41 @@ void OrderForm::EmailShownOrder() {
     }
     ResetToIdle();
     m_ui.lblinfo->setText(QStringLiteral("Order %1 e-mailed to %2").arg(number, mail->recipient));
+}
+
+void OrderForm::ExportShownOrderAsPeppol() {
+    Prompter& prompter = appContext().prompter();
+    const QString title = QStringLiteral("Export as Peppol Order");
+    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    if (number.isEmpty()) {
+        prompter.message(QStringLiteral("Bring up the order to export first: load it, or choose it to print or "
+                                        "export."),
+                         title, MessageIcon::Exclamation);
+        return;
+    }
+    const QString path = QDir(appContext().DesktopPath).filePath(PeppolOrder::FileName(number));
+    OrderExport::ExportResult result;
+    {
+        WaitCursor wait;
+        result = PeppolOrder::exportOrder(appContext().systemDb(), vendorDb(), appContext().CurrentVendorName, path,
+                                          number);
+    }
+    switch (result.outcome) {
+    case OrderExport::Outcome::FileExists:
+        prompter.message(QStringLiteral("The file %1 already exists on your desktop, please remove this file before "
+                                        "exporting the order again")
+                             .arg(PeppolOrder::FileName(number)),
+                         OrderExport::ExistsTitle, MessageIcon::Exclamation);
+        return;
+    case OrderExport::Outcome::Failed:
+        prompter.message(result.message, title, MessageIcon::Exclamation);
+        return;
+    case OrderExport::Outcome::Exported:
+        break;
+    }
+    ResetToIdle();
+    m_ui.lblinfo->setText(
+        QStringLiteral("Order %1 written to the desktop as %2").arg(number, PeppolOrder::FileName(number)));
 }
 
 void OrderForm::ReleaseShownOrder() {

@@ -51,6 +51,8 @@ public:
     bool ClaimOrder(const QString& number);
     // "E-mail Order...": the order in the header, after a question, to the vendor by mail.
     void EmailShownOrder();
+    // The shown order written to the desktop as a Peppol order, and marked exported.
+    void ExportShownOrderAsPeppol();
     void ReleaseShownOrder();
     void ExitOrderForm();
 

@@ -211,6 +211,9 @@ void OrderForm::buildControls() {
         if (i == MainButton::ExportOrder) {
             m_ui.cmdemail = makeButton(this, QStringLiteral("cmdemail"), QStringLiteral("E-&mail Order..."));
             buttons->addWidget(m_ui.cmdemail);
+            m_ui.cmdpeppol =
+                makeButton(this, QStringLiteral("cmdpeppol"), QStringLiteral("Export as Peppol &Order..."));
+            buttons->addWidget(m_ui.cmdpeppol);
         }
     }
     outer->addLayout(buttons);
@@ -226,7 +229,7 @@ void OrderForm::buildControls() {
     for (QPushButton* b : m_ui.cmdbutton) {
         order << b;
         if (b == m_ui.cmdbutton[MainButton::ExportOrder])
-            order << m_ui.cmdemail;
+            order << m_ui.cmdemail << m_ui.cmdpeppol;
     }
     for (int i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);

@@ -1,5 +1,7 @@
 #include "OrderTransitions.h"
 
+#include "OrderWords.h"
+
 #include "common/Dates.h"
 #include "common/Sql.h"
 
@@ -55,6 +57,20 @@ Result<QString> orderStatus(const QSqlDatabase& db, const QString& orderId) {
     if (!value)
         return value.status();
     return value.value().toString();
+}
+
+Status maySend(const QSqlDatabase& db, const QString& orderId) {
+    const auto status = orderStatus(db, orderId);
+    if (!status)
+        return status.status();
+    if (status->isEmpty())
+        return Status::fail(QStringLiteral("There is no order %1 of this vendor.").arg(orderId));
+    static const QStringList sendable = {OrderStatus::Live, OrderStatus::Entered, OrderStatus::Printed,
+                                         OrderStatus::Exported};
+    if (!sendable.contains(*status))
+        return Status::fail(
+            QStringLiteral("The order %1 has been received or cancelled, so it is not sent again.").arg(orderId));
+    return Status::ok();
 }
 
 } // namespace ordwell::OrderTransitions

@@ -30,5 +30,10 @@ Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& 
 // The order's stored status, or an empty text when there is no such order.
 Result<QString> orderStatus(const QSqlDatabase& db, const QString& orderId);
 
+// Whether the order may be sent to the vendor (e-mailed or written as an electronic order):
+// it exists and is live, entered, printed or exported already. Received and cancelled orders
+// are refused, saying why.
+Status maySend(const QSqlDatabase& db, const QString& orderId);
+
 } // namespace OrderTransitions
 } // namespace ordwell

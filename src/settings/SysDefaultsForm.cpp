@@ -3,6 +3,7 @@
 #include "app/MenuMasks.h"
 #include "common/FormHelpers.h"
 #include "common/RecordForm.h"
+#include "settings/PeppolPartyDialog.h"
 
 #include <QFontMetrics>
 #include <QGridLayout>
@@ -70,6 +71,13 @@ void SysDefaultsForm::buildForm() {
     layout->addLayout(grid);
 
     auto* buttons = new QHBoxLayout;
+    // Apart from the record's own buttons: the details for electronic orders, once the
+    // organisation's details are stored.
+    m_peppol = new QPushButton(QStringLiteral("Electronic &Ordering..."), this);
+    m_peppol->setObjectName(QStringLiteral("cmdpeppol"));
+    pressWithEnter(m_peppol);
+    connect(m_peppol, &QPushButton::clicked, this, &SysDefaultsForm::onPeppol);
+    buttons->addWidget(m_peppol);
     buttons->addStretch(1);
     for (int i = 0; i < ButtonCount; ++i) {
         auto* button = new QPushButton(QString::fromLatin1(ButtonCaptions[i]), this);
@@ -107,6 +115,13 @@ void SysDefaultsForm::enterState(State state) {
     // The instructions belong to the first entry only.
     for (QLabel* line : m_instructions)
         line->setVisible(state == FirstEntry);
+    m_peppol->setEnabled(state == Viewing && !m_asRead[Location].isEmpty());
+}
+
+void SysDefaultsForm::onPeppol() {
+    PeppolPartyDialog dialog(context().systemDb(), PeppolSide::Organisation, m_asRead[Location], context().prompter(),
+                             this);
+    dialog.exec();
 }
 
 void SysDefaultsForm::ShowDetails() {

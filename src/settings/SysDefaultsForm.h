@@ -41,11 +41,13 @@ protected:
 private:
     void buildForm();
     void onButton(int index);
+    void onPeppol();
     void focusOnActivation();
     OrganisationDetails typedDetails() const;
 
     RecordForm* m_record = nullptr;
     QList<QAbstractButton*> m_buttons;
+    QPushButton* m_peppol = nullptr;
     QLabel* m_instructions[2] = {nullptr, nullptr};
     // The details as they were read, which a save may only overwrite as they are.
     OrganisationDetails m_asRead;

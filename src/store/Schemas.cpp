@@ -39,6 +39,16 @@ Schema buildSystemSchema() {
         .AddIndex(QStringLiteral("vendors_status"), {QStringLiteral("status")});
     s.Since(2);
     addVersionTable(s);
+    s.Since(3);
+    // The organisation as an electronic order names its buyer: its address on the Peppol
+    // network (scheme and identifier), its registered name, its country, and the currency its
+    // prices are kept in.
+    s.ExtendTable(QStringLiteral("Sysset"))
+        .AddField(QStringLiteral("peppolscheme"), 4, Str, Nul, false, false)
+        .AddField(QStringLiteral("peppolid"), 50, Str, Nul, false, false)
+        .AddField(QStringLiteral("legalname"), 100, Str, Nul, false, false)
+        .AddField(QStringLiteral("country"), 2, Str, Nul, false, false)
+        .AddField(QStringLiteral("currency"), 3, Str, Nul, false, false);
     return s;
 }
 
@@ -134,6 +144,16 @@ Schema buildVendorSchema() {
         .AddField(QStringLiteral("name"), 255, Str, Nul, false, true)
         .AddField(QStringLiteral("content"), 4 * 1024 * 1024, Str, Nul, false, true)
         .AddPrimaryKey(QStringLiteral("name"));
+
+    s.Since(5);
+    // The vendor as an electronic order names its seller, and the unit each item is counted
+    // in (a UN/ECE code; none means pieces).
+    s.ExtendTable(QStringLiteral("vendor"))
+        .AddField(QStringLiteral("peppolscheme"), 4, Str, Nul, false, false)
+        .AddField(QStringLiteral("peppolid"), 50, Str, Nul, false, false)
+        .AddField(QStringLiteral("legalname"), 100, Str, Nul, false, false)
+        .AddField(QStringLiteral("country"), 2, Str, Nul, false, false);
+    s.ExtendTable(QStringLiteral("items")).AddField(QStringLiteral("unitcode"), 3, Str, Nul, false, false);
     return s;
 }
 } // namespace

@@ -4,6 +4,8 @@
 #include "common/FormHelpers.h"
 #include "common/RecordForm.h"
 #include "common/WaitCursor.h"
+#include "settings/PeppolPartyDialog.h"
+#include "store/DatabaseFile.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -105,8 +107,17 @@ void VendorRecordsForm::buildControls() {
 
     auto* buttons = makeButtonRow(this, VendorButtonSpecs.data(), ButtonCount, m_buttons.data());
 
+    // The vendor's details for electronic orders, kept apart from the record's own buttons.
+    m_peppol = new QPushButton(QStringLiteral("Electronic &Ordering..."), this);
+    m_peppol->setObjectName(QStringLiteral("cmdpeppol"));
+    pressWithEnter(m_peppol);
+    auto* peppolRow = new QHBoxLayout;
+    peppolRow->addStretch(1);
+    peppolRow->addWidget(m_peppol);
+
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
+    layout->addLayout(peppolRow);
     layout->addWidget(m_recordCount);
     layout->addLayout(buttons);
 
@@ -120,6 +131,7 @@ void VendorRecordsForm::buildControls() {
     for (int i = 0; i < VendorDetailCount; ++i)
         chain(box(VendorField(i)));
     chain(m_importReport);
+    chain(m_peppol);
     for (QPushButton* b : m_buttons)
         chain(b);
 
@@ -133,6 +145,7 @@ void VendorRecordsForm::buildControls() {
     // The order form report can be imported while the details are open.
     connect(m_record, &RecordForm::stateEntered, this, [this](int state) {
         m_importReport->setEnabled(state == int(State::Editing) || state == int(State::AddingDetails));
+        m_peppol->setEnabled(state == int(State::Browse) && m_vendors.current() != nullptr);
     });
 
     connect(button(Edit), &QPushButton::clicked, this, &VendorRecordsForm::onEdit);
@@ -145,6 +158,7 @@ void VendorRecordsForm::buildControls() {
     connect(button(AddNew), &QPushButton::clicked, this, &VendorRecordsForm::onAddNew);
     connect(button(Exit), &QPushButton::clicked, this, &VendorRecordsForm::onExit);
     connect(m_importReport, &QPushButton::clicked, this, &VendorRecordsForm::onImportReport);
+    connect(m_peppol, &QPushButton::clicked, this, &VendorRecordsForm::onPeppol);
 }
 
 QLineEdit* VendorRecordsForm::box(VendorField f) const {
@@ -403,6 +417,26 @@ void VendorRecordsForm::onImportReport() {
         tell(imported.problem);
         break;
     }
+}
+
+void VendorRecordsForm::onPeppol() {
+    const VendorEntry* current = m_vendors.current();
+    if (!current)
+        return;
+    auto db = Store::OpenVendorDatabase(context().store(), Store::vendorFileName(current->code),
+                                        VendorRecords::ConnectionName);
+    if (!db) {
+        context().prompter().message(
+            QStringLiteral("The details of vendor %1 could not be read.\n%2").arg(current->code, db.message()),
+            QString(), MessageIcon::Critical);
+        DatabaseFile::close(VendorRecords::ConnectionName);
+        return;
+    }
+    {
+        PeppolPartyDialog dialog(*db, PeppolSide::Vendor, current->name, context().prompter(), this);
+        dialog.exec();
+    }
+    DatabaseFile::close(VendorRecords::ConnectionName);
 }
 
 } // namespace ordwell

@@ -66,11 +66,13 @@ private:
     void onAddNew();
     void onExit();
     void onImportReport();
+    void onPeppol();
 
     RecordForm* m_record = nullptr;
     std::array<QPushButton*, ButtonCount> m_buttons{};
     QLabel* m_recordCount = nullptr;
     QPushButton* m_importReport = nullptr;
+    QPushButton* m_peppol = nullptr;
 
     ListCursor<VendorEntry> m_vendors;
     // The details as they were read, which a save may only overwrite as they are.
