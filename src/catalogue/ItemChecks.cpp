@@ -1,5 +1,7 @@
 #include "ItemChecks.h"
 
+#include <QRegularExpression>
+
 #include "catalogue/ScanReading.h"
 #include "common/Dates.h"
 #include "common/TextChecks.h"
@@ -9,6 +11,8 @@ namespace ordwell::ItemChecks {
 namespace {
 const QString InvalidDateTitle = QStringLiteral("Invalid date");
 const QString ExpiredText = QStringLiteral("The price has already expired, please enter a date in the future");
+const QString BadUnitText = QStringLiteral("The unit must be empty (pieces) or a UN/ECE unit code of two or three "
+                                              "letters and digits, for example KGM for kilograms or BX for boxes.");
 const QString BadGtinText = QStringLiteral("The GTIN must be the 8, 12, 13 or 14 digits of a product barcode with its "
                                            "check digit, or left empty");
 } // namespace
@@ -20,6 +24,14 @@ std::optional<QString> gtinFrom(const QString& text) {
     if (!Gtin::hasGtinLength(trimmed) || !Gtin::checkDigitIsRight(trimmed))
         return std::nullopt;
     return Gtin::to14(trimmed);
+}
+
+std::optional<QString> unitFrom(const QString& text) {
+    static const QRegularExpression unitCode(QStringLiteral("^[0-9A-Z]{2,3}$"));
+    const QString unit = text.trimmed().toUpper();
+    if (unit.isEmpty() || unitCode.match(unit).hasMatch())
+        return unit;
+    return std::nullopt;
 }
 
 Refusal gtinTaken(const QString& gtin, const QString& otherCode) {
@@ -96,6 +108,11 @@ std::optional<Refusal> ValidateItem(QStringList& boxes, const QDate& today, cons
     if (!gtin)
         return Refusal{Gtin, BadGtinText, GtinTitle};
     boxes[Gtin] = *gtin;
+    const auto unit = unitFrom(boxes.value(Unit));
+    if (!unit)
+        return Refusal{Unit, BadUnitText, UnitTitle};
+    if (boxes.size() > Unit)
+        boxes[Unit] = *unit;
     return std::nullopt;
 }
 
@@ -108,6 +125,7 @@ Item itemFrom(const QStringList& boxes, const QLocale& locale) {
     item.price = priceFrom(boxes.value(Price), locale).value_or(Money());
     item.priceExpiry = dateFrom(boxes.value(PriceExpiry), locale);
     item.gtin = gtinFrom(boxes.value(Gtin)).value_or(QString());
+    item.unit = unitFrom(boxes.value(Unit)).value_or(QString());
     return item;
 }
 
@@ -130,7 +148,8 @@ QStringList boxesFor(const Item& item, const QLocale& locale) {
             QString::number(item.defaultQty),
             priceText(item.price, locale),
             dateText(item.priceExpiry, locale),
-            item.gtin};
+            item.gtin,
+            item.unit};
 }
 
 EnterOutcome enterPressed(Box box, const QString& text, const QDate& today, const CodeExists& codeExists,
@@ -190,6 +209,14 @@ EnterOutcome enterPressed(Box box, const QString& text, const QDate& today, cons
         outcome.rewritten = gtin.value_or(text);
         if (!gtin)
             outcome.refusal = Refusal{Gtin, BadGtinText, GtinTitle};
+        return outcome;
+    }
+    case Unit: {
+        const auto unit = unitFrom(text);
+        outcome.moveOn = unit.has_value();
+        outcome.rewritten = unit.value_or(text);
+        if (!unit)
+            outcome.refusal = Refusal{Unit, BadUnitText, UnitTitle};
         return outcome;
     }
     case BoxCount:

@@ -16,12 +16,12 @@ namespace ordwell {
 // order, what Enter does in each box, and how the box texts become an item.
 namespace ItemChecks {
 
-// The boxes in their order on the window (txtbox_0 .. txtbox_6). The GTIN is optional and
-// outside the Enter chain: Enter in "Price expires" still goes to Save.
-enum Box { Code, Description, PackQty, DefaultQty, Price, PriceExpiry, Gtin, BoxCount };
+// The boxes in their order on the window (txtbox_0 .. txtbox_7). The GTIN and the unit are
+// optional and outside the Enter chain: Enter in "Price expires" still goes to Save.
+enum Box { Code, Description, PackQty, DefaultQty, Price, PriceExpiry, Gtin, Unit, BoxCount };
 
 // The input limits of the boxes, in characters.
-inline constexpr int InputLimits[BoxCount] = {25, 55, 4, 4, 8, 10, 14};
+inline constexpr int InputLimits[BoxCount] = {25, 55, 4, 4, 8, 10, 14, 3};
 
 // A refused value: the message, its title, the box that gets the focus and whether that box is
 // emptied first.
@@ -45,6 +45,11 @@ QString dateText(const QDate& date, const QLocale& locale = QLocale());
 // The GTIN box: empty (no product barcode), or 8, 12, 13 or 14 digits with a right check
 // digit, given back as 14 digits; no value when it is neither.
 std::optional<QString> gtinFrom(const QString& text);
+
+// The unit box: empty (pieces), or a UN/ECE Recommendation 20 code of two or three letters
+// and digits ("KGM", "BX"), given back upper-cased; no value when it is neither.
+std::optional<QString> unitFrom(const QString& text);
+inline const QString UnitTitle = QStringLiteral("Invalid unit");
 
 // The Save checks in their order; the first failure stops them. The code box text is
 // upper-cased first (rewritten in `boxes`); a refused price or expiry is emptied in `boxes`.

@@ -34,7 +34,8 @@ const std::array<ButtonSpec, ItemForm::ButtonCount> ItemButtonSpecs = {{
 }};
 
 const char* const Captions[ItemChecks::BoxCount] = {"Item Code", "Description",   "Pack Quantity", "Default Quantity",
-                                                    "Price",     "Price expires", "&GTIN"};
+                                                    "Price",     "Price expires", "&GTIN",
+                                                    "&Unit"};
 
 const QString AddOrEditMask = QStringLiteral("0110000000");
 
@@ -72,7 +73,7 @@ void ItemForm::buildControls() {
         spec.objectName = QStringLiteral("txtbox_%1").arg(i);
         spec.caption = QString::fromLatin1(Captions[i]);
         spec.maxLength = ItemChecks::InputLimits[i];
-        spec.need = i == ItemChecks::Gtin ? FieldNeed::Optional : FieldNeed::Required;
+        spec.need = i >= ItemChecks::Gtin ? FieldNeed::Optional : FieldNeed::Required;
         spec.kind = FieldKind::Text;
         // Enter moves on itself: a box whose check fails quietly keeps the focus.
         spec.next = NextStays;

@@ -9,7 +9,7 @@
 namespace ordwell {
 
 namespace {
-const QString Columns = QStringLiteral("code, descr, packqty, defqty, price, priceexp, gtin");
+const QString Columns = QStringLiteral("code, descr, packqty, defqty, price, priceexp, gtin, unitcode");
 } // namespace
 
 // Prepared on first use and kept for the repository's life.
@@ -57,6 +57,7 @@ Item itemFrom(const QSqlQuery& query) {
     item.price = Money::fromTenThousandths(query.value(4).toLongLong());
     item.priceExpiry = Dates::dateFromStored(query.value(5).toString());
     item.gtin = query.value(6).toString();
+    item.unit = query.value(7).toString();
     return item;
 }
 
@@ -67,7 +68,8 @@ QVariantList valuesOf(const Item& item) {
             item.defaultQty,
             item.price.tenThousandths(),
             Dates::toStored(item.priceExpiry),
-            Sql::textOrNull(item.gtin)};
+            Sql::textOrNull(item.gtin),
+            Sql::textOrNull(item.unit)};
 }
 
 } // namespace
@@ -190,7 +192,7 @@ Result<std::optional<Item>> ItemRepository::findByGtin(const QString& gtin) {
 Status ItemRepository::insert(const Item& item) {
     Status status;
     QSqlQuery& q = prepared(m_statements->insert,
-                            QStringLiteral("INSERT INTO items (%1) VALUES (?, ?, ?, ?, ?, ?, ?)").arg(Columns), status);
+                            QStringLiteral("INSERT INTO items (%1) VALUES (?, ?, ?, ?, ?, ?, ?, ?)").arg(Columns), status);
     if (!status)
         return status;
     return runWith(q, valuesOf(item));
@@ -203,12 +205,13 @@ Status ItemRepository::update(const Item& item, const Item& asRead, bool* change
                                   QStringLiteral("defqty"),
                                   QStringLiteral("price"),
                                   QStringLiteral("priceexp"),
-                                  QStringLiteral("gtin")};
+                                  QStringLiteral("gtin"),
+                                  QStringLiteral("unitcode")};
     // Only the row as it was read is overwritten: another workstation's change in between is
     // never lost unseen.
     QSqlQuery& q = prepared(m_statements->update,
                             QStringLiteral("UPDATE items SET descr = ?, packqty = ?, defqty = ?, price = ?, "
-                                           "priceexp = ?, gtin = ? WHERE code = ?") +
+                                           "priceexp = ?, gtin = ?, unitcode = ? WHERE code = ?") +
                                 Dialects::unchanged(m_db, compared),
                             status);
     if (!status)

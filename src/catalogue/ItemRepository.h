@@ -20,6 +20,7 @@ struct Item {
     Money price;
     QDate priceExpiry;
     QString gtin; // 14 digits, or empty when the item has no product barcode
+    QString unit; // the UN/ECE unit an electronic order counts it in; empty for pieces
 
     friend bool operator==(const Item&, const Item&) = default;
 };

@@ -5,6 +5,7 @@
 #include "common/Sql.h"
 #include "orders/OrderEmail.h"
 #include "orders/OrderWords.h"
+#include "settings/PeppolParty.h"
 #include "reports/ShippedReports.h"
 
 #include "common/Sql.h"
@@ -239,6 +240,39 @@ private slots:
         QCOMPARE(s.orderStatus(Id), OrderStatus::Exported);
         QCOMPARE(s.lineStatuses(Id), QStringLiteral("X"));
         QVERIFY(s.header(0)->text().isEmpty());
+        s.click(form->ui().cmdbutton[MainButton::Exit]);
+    }
+
+    // "Export as Peppol Order..." on a printed order: refused, naming what is missing, until the
+    // parties' details are given; then written to the desktop beside the CSV and marked.
+    void exportedAsPeppolFromTheForm() {
+        OrderSession s;
+        s.addItem(QStringLiteral("A1"), QStringLiteral("Blue pens"), QStringLiteral("1.50"));
+        addOrder(s, QString(), QString(), {{QStringLiteral("A1"), 2, OrderStatus::Printed}});
+        OrderForm* form = s.open(QStringLiteral("mnuLdOrd"));
+        QVERIFY(form);
+        s.click(form->ui().cmdnavbutton[2]);
+        s.prompter().expect(QStringLiteral("The order ABC0000001 cannot be written as a Peppol order until these "
+                                           "details are given with \"Electronic Ordering...\" in the System "
+                                           "Defaults and vendor windows:\n- the organisation's electronic address "
+                                           "scheme\n- the organisation's electronic address\n- the organisation's "
+                                           "legal name\n- the organisation's country\n- the organisation's "
+                                           "currency\n- the vendor's electronic address scheme\n- the vendor's "
+                                           "electronic address\n- the vendor's legal name\n- the vendor's country"));
+        s.click(form->ui().cmdpeppol);
+        QCOMPARE(s.orderStatus(Id), OrderStatus::Printed);
+
+        QVERIFY(PeppolPartyStore::save(s.ctx().systemDb(), PeppolSide::Organisation,
+                                       {QStringLiteral("0088"), QStringLiteral("5012345000008"),
+                                        QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), QStringLiteral("GBP")}));
+        QVERIFY(PeppolPartyStore::save(s.db(), PeppolSide::Vendor,
+                                       {QStringLiteral("9932"), QStringLiteral("GB123456789"),
+                                        QStringLiteral("Acme Supplies plc"), QStringLiteral("GB"), {}}));
+        s.click(form->ui().cmdpeppol);
+        QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order ABC0000001 written to the desktop as ABC0000001.xml"));
+        QVERIFY(test::fileContents(QDir(s.ctx().DesktopPath).filePath(QStringLiteral("ABC0000001.xml")))
+                    .contains("<cbc:EndpointID schemeID=\"9932\">GB123456789</cbc:EndpointID>"));
+        QCOMPARE(s.orderStatus(Id), OrderStatus::Exported);
         s.click(form->ui().cmdbutton[MainButton::Exit]);
     }
 };

@@ -3,6 +3,7 @@
 // orders refused before anything is written, the window for the parties' details and the
 // command line.
 #include "OrderDataFixture.h"
+#include "catalogue/ItemChecks.h"
 #include "common/Sql.h"
 #include "orders/OrderWords.h"
 #include "orders/PeppolOrder.h"
@@ -267,6 +268,12 @@ private slots:
         f.prompter().expect(QStringLiteral("\"1234\" is not an electronic address scheme the Peppol network knows: "
                                            "give its four digits, for example 0088 for a GS1 location number (GLN)."));
         QVERIFY(!vendor.save());
+
+        // An item's unit: empty for pieces, else a two- or three-character code, kept upper-cased.
+        QCOMPARE(ItemChecks::unitFrom(QStringLiteral(" kgm ")), QStringLiteral("KGM"));
+        QCOMPARE(ItemChecks::unitFrom(QString()), QString());
+        QVERIFY(!ItemChecks::unitFrom(QStringLiteral("kilo")));
+        QVERIFY(!ItemChecks::unitFrom(QStringLiteral("k")));
     }
 
     // The command line: written and marked; refused over an existing file (exit 1) and without

@@ -144,6 +144,9 @@ private slots:
             // The first layout: the later additions taken away.
             for (const char* sql : {"DROP TABLE vendor_old.orderlease", "DROP TABLE vendor_old.reportfile",
                                     "DROP INDEX vendor_old.items_gtin", "ALTER TABLE vendor_old.items DROP COLUMN gtin",
+                                    "ALTER TABLE vendor_old.items DROP COLUMN unitcode",
+                                    "ALTER TABLE vendor_old.vendor DROP COLUMN peppolscheme, DROP COLUMN peppolid, "
+                                    "DROP COLUMN legalname, DROP COLUMN country",
                                     "DROP TABLE vendor_old.schemaversion",
                                     "INSERT INTO vendor_old.items (code, descr, packqty, defqty, price, priceexp) "
                                     "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"})
