@@ -56,6 +56,9 @@ PeppolPartyDialog::PeppolPartyDialog(QSqlDatabase db, PeppolSide side, const QSt
         box->setObjectName(QStringLiteral("txtpeppol_%1").arg(field));
         box->setMaxLength(Boxes[field].maxLength);
         box->setPlaceholderText(QString::fromLatin1(Boxes[field].hint));
+        // Room for the whole of a name or address; the codes keep the width of their hint.
+        const int chars = Boxes[field].maxLength > 4 ? 42 : 24;
+        box->setMinimumWidth(box->fontMetrics().averageCharWidth() * chars + 12);
         auto* caption = new QLabel(QString::fromLatin1(Boxes[field].caption), this);
         caption->setBuddy(box);
         box->setAccessibleName(caption->text().remove(QLatin1Char('&')));
