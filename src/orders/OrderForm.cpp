@@ -31,7 +31,6 @@ OrderForm::OrderForm(AppContext& context, QWidget* parent) : ToolWindow(context,
     setWindowTitle(QStringLiteral("Order Form"));
     buildControls();
     connectControls();
-    installOrderFormHooks(m_hooks);
     // Until a mode has been carried out the form shows nothing to work on.
     ShowNavigationBar(false);
     ShowReceiveControls(false);
@@ -57,19 +56,10 @@ void OrderForm::connectControls() {
     for (int i = 0; i < 6; ++i)
         connect(m_ui.cmdbutton[i], &QPushButton::clicked, this, [this, i] { cmdbutton_Click(i); });
     for (int i = 0; i < 5; ++i)
-        connect(m_ui.cmdnavbutton[i], &QPushButton::clicked, this, [this, i] {
-            if (m_hooks.cmdnavbutton_Click)
-                m_hooks.cmdnavbutton_Click(*this, i);
-        });
-    auto hook = [this](QPushButton* button, std::function<void(OrderForm&)> OrderFormHooks::*member) {
-        connect(button, &QPushButton::clicked, this, [this, member] {
-            if (m_hooks.*member)
-                (m_hooks.*member)(*this);
-        });
-    };
-    hook(m_ui.cmdcancelld, &OrderFormHooks::cmdcancelld_Click);
-    hook(m_ui.cmdcancelord, &OrderFormHooks::cmdcancelord_Click);
-    hook(m_ui.cmdrecv, &OrderFormHooks::cmdrecv_Click);
+        connect(m_ui.cmdnavbutton[i], &QPushButton::clicked, this, [this, i] { cmdnavbutton_Click(i); });
+    connect(m_ui.cmdcancelld, &QPushButton::clicked, this, &OrderForm::cmdcancelld_Click);
+    connect(m_ui.cmdcancelord, &QPushButton::clicked, this, &OrderForm::cmdcancelord_Click);
+    connect(m_ui.cmdrecv, &QPushButton::clicked, this, &OrderForm::cmdrecv_Click);
     connect(m_ui.cmdstartorder, &QPushButton::clicked, this, &OrderForm::cmdstartorder_Click);
     connect(m_ui.cmdedit, &QPushButton::clicked, this, &OrderForm::cmdedit_Click);
     connect(m_ui.cmdfinditem, &QPushButton::clicked, this, &OrderForm::FindItemByDescription);
@@ -131,7 +121,7 @@ bool OrderForm::eventFilter(QObject* watched, QEvent* event) {
         if (watched == m_ui.txtitem[i])
             return txtitem_KeyPress(i, key);
     if (watched == m_ui.txtrcvqty)
-        return m_hooks.txtrcvqty_KeyPress && m_hooks.txtrcvqty_KeyPress(*this, key);
+        return txtrcvqty_KeyPress(key);
     if (watched == m_ui.flxitems && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
         // The keyboard's way of double-clicking the current row.
         LineRowChosen();
@@ -145,17 +135,14 @@ void OrderForm::DispatchMode() {
         BeginNewOrder();
         return;
     }
-    const std::pair<const QString*, std::function<void(OrderForm&)> OrderFormHooks::*> steps[] = {
-        {&OrderMode::Load, &OrderFormHooks::BeginLoadOrder},
-        {&OrderMode::Print, &OrderFormHooks::BeginPrintOrder},
-        {&OrderMode::Export, &OrderFormHooks::BeginExportOrder},
-        {&OrderMode::Receive, &OrderFormHooks::BeginReceiveOrder},
-        {&OrderMode::Live, &OrderFormHooks::BeginLiveOrder},
+    const std::pair<const QString*, void (OrderForm::*)()> steps[] = {
+        {&OrderMode::Load, &OrderForm::BeginLoadOrder},     {&OrderMode::Print, &OrderForm::BeginPrintOrder},
+        {&OrderMode::Export, &OrderForm::BeginExportOrder}, {&OrderMode::Receive, &OrderForm::BeginReceiveOrder},
+        {&OrderMode::Live, &OrderForm::BeginLiveOrder},
     };
     for (const auto& [word, step] : steps) {
         if (OrderMode == *word) {
-            if (m_hooks.*step)
-                (m_hooks.*step)(*this);
+            (this->*step)();
             return;
         }
     }

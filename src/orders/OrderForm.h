@@ -5,7 +5,7 @@
 #include "orders/BarcodeResolver.h"
 #include "orders/ItemCatalogue.h"
 #include "orders/OrderFormControls.h"
-#include "orders/OrderFormHooks.h"
+#include "orders/OrderDesk.h"
 #include "orders/OrderLineBook.h"
 #include "orders/OrderRepository.h"
 
@@ -18,8 +18,8 @@ class QKeyEvent;
 namespace ordwell {
 
 // frmorder: where orders are started, filled line by line, and taken through their lives.
-// The form's routines are split by concern over this one class (OrderForm*.cpp); the steps of
-// the lists, cancellation, printing, export and receiving come in through `hooks()`.
+// The form's routines are split by concern over this one class (OrderForm*.cpp); what it
+// works with between user actions, apart from its controls, is its order desk.
 class OrderForm : public ToolWindow {
     Q_OBJECT
 public:
@@ -30,7 +30,6 @@ public:
     void SetOrderMode(const QString& mode) { OrderMode = mode; }
 
     OrderFormControls& ui() { return m_ui; }
-    OrderFormHooks& hooks() { return m_hooks; }
     AppContext& appContext() const { return context(); }
     QString vendorCode() const;
     QSqlDatabase vendorDb() const;
@@ -144,8 +143,48 @@ private:
     // The desktop's alert sound, for a scan that found nothing or needs a look.
     void alertUser();
 
+    // The selection lists and their navigation bar (OrderFormLists.cpp).
+    void ShowOrderForAction();
+    QLineEdit* headerBox(int index);
+    void showCurrentOrder();
+    void ApplyNavMask(const QString& mask);
+    void UpdateNavigation();
+    bool OpenOrderList(OrderListKey key);
+    void CloseOrderList();
+    bool listIsEmpty();
+    void showList();
+    void carryOut();
+    void beginChoosing();
+    void takeUp();
+    void showLoaded(const QString& status);
+    void chooseShownOrder();
+    void BeginLoadOrder();
+    void BeginPrintOrder();
+    void BeginExportOrder();
+    void BeginReceiveOrder();
+    void cmdnavbutton_Click(int index);
+    void cmdcancelld_Click();
+    // Cancellation and recovery (OrderFormCancel.cpp).
+    void cmdcancelord_Click();
+    void BeginLiveOrder();
+    void RecoverLiveOrder();
+    // Printing and export of the shown order (OrderFormPrint.cpp, OrderFormExport.cpp).
+    Status showAndMark(const QString& number);
+    void PrintOrder();
+    void ExportOrder();
+    // Receiving (OrderFormReceive.cpp).
+    QString orderNumber();
+    void clearEntryBoxes();
+    void LockReceiveBox(bool locked);
+    void StartReceiving();
+    void CountReceipt();
+    void ReceiveRowChosen(int row);
+    bool txtrcvqty_KeyPress(QKeyEvent* key);
+    void cmdrecv_Click();
+    void CompleteReceipt(bool wholeLine);
+
     OrderFormControls m_ui;
-    OrderFormHooks m_hooks;
+    OrderDesk m_desk;
     std::unique_ptr<ItemCatalogue> m_catalogue;
     std::unique_ptr<BarcodeResolver> m_resolver;
     std::unique_ptr<OrderLineBook> m_lines;

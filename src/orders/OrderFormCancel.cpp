@@ -1,23 +1,22 @@
 // "Cancel Order", and taking up the live order a stopped program left behind.
-#include "orders/OrderFormAfterEntry.h"
+#include "orders/OrderForm.h"
 
 #include "app/AppContext.h"
 #include "common/FormHelpers.h"
 #include "orders/OrderCancellation.h"
-#include "orders/OrderForm.h"
 #include "orders/OrderWords.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace ordwell::OrderFormAfterEntry {
+namespace ordwell {
 
-void cmdcancelord_Click(OrderForm& form) {
-    OrderFormControls& ui = form.ui();
-    if (!form.appContext().prompter().ask(OrderCancellation::Question, OrderCancellation::Title, MessageIcon::None)) {
+void OrderForm::cmdcancelord_Click() {
+    OrderFormControls& ui = m_ui;
+    if (!appContext().prompter().ask(OrderCancellation::Question, OrderCancellation::Title, MessageIcon::None)) {
         // Back to where entry goes on.
-        if (form.OrderMode == OrderMode::New || form.OrderMode == OrderMode::Load) {
+        if (OrderMode == OrderMode::New || OrderMode == OrderMode::Load) {
             if (ui.cmdstartorder->isEnabled())
                 focusOn(ui.txtheader[Header::ContactName]);
             else
@@ -25,58 +24,58 @@ void cmdcancelord_Click(OrderForm& form) {
         }
         return;
     }
-    form.CloseOrderLines();
-    const Status cancelled = OrderCancellation::CancelOrder(form.vendorDb(), ui.txtheader[Header::OrderNumber]->text());
+    CloseOrderLines();
+    const Status cancelled = OrderCancellation::CancelOrder(vendorDb(), ui.txtheader[Header::OrderNumber]->text());
     if (!cancelled) {
-        form.reportFailure(QStringLiteral("The order could not be cancelled; it stays as it was."),
+        reportFailure(QStringLiteral("The order could not be cancelled; it stays as it was."),
                            cancelled.message());
         return;
     }
-    form.ResetToIdle();
+    ResetToIdle();
 }
 
-void BeginLiveOrder(OrderForm& form) {
-    if (!form.ItemsOpen)
-        form.OpenItems();
-    if (!form.RulesLoaded)
-        form.LoadBarcodeRules();
-    form.ShowNavigationBar(false);
-    form.ShowEntryRow(true);
-    form.ShowCancelOrder(true);
-    form.ShowReceiveControls(false);
-    form.ShowStartOrder(true);
-    form.ShowEditOrder(true);
-    form.LockHeader(true);
-    form.LockEntryRow(false);
-    form.SetGridTabStop(true);
-    form.EnableCancelOrder(true);
-    form.EnableStartOrder(false);
-    form.EnableEditOrder(true);
-    form.EnableMainButtons(true);
-    RecoverLiveOrder(form);
-    if (form.ui().txtheader[Header::OrderNumber]->text().isEmpty()) {
+void OrderForm::BeginLiveOrder() {
+    if (!ItemsOpen)
+        OpenItems();
+    if (!RulesLoaded)
+        LoadBarcodeRules();
+    ShowNavigationBar(false);
+    ShowEntryRow(true);
+    ShowCancelOrder(true);
+    ShowReceiveControls(false);
+    ShowStartOrder(true);
+    ShowEditOrder(true);
+    LockHeader(true);
+    LockEntryRow(false);
+    SetGridTabStop(true);
+    EnableCancelOrder(true);
+    EnableStartOrder(false);
+    EnableEditOrder(true);
+    EnableMainButtons(true);
+    RecoverLiveOrder();
+    if (m_ui.txtheader[Header::OrderNumber]->text().isEmpty()) {
         // Nothing was left live after all: offer the idle form rather than entry into nothing.
-        form.ResetToIdle();
+        ResetToIdle();
         return;
     }
-    form.ui().lblinfo->setText(QStringLiteral("Order recovered"));
+    m_ui.lblinfo->setText(QStringLiteral("Order recovered"));
 }
 
-void RecoverLiveOrder(OrderForm& form) {
-    form.ui().lblinfo->setText(QStringLiteral("Recovered order"));
-    const auto live = OrderCancellation::FindLiveOrder(form.vendorDb());
+void OrderForm::RecoverLiveOrder() {
+    m_ui.lblinfo->setText(QStringLiteral("Recovered order"));
+    const auto live = OrderCancellation::FindLiveOrder(vendorDb());
     if (!live) {
-        form.reportFailure(QStringLiteral("The live order could not be read."), live.message());
+        reportFailure(QStringLiteral("The live order could not be read."), live.message());
         return;
     }
-    if (!live.value() || !form.ClaimOrder(live.value()->orderId))
+    if (!live.value() || !ClaimOrder(live.value()->orderId))
         return;
     const auto texts = OrderCancellation::RecoveredHeaderTexts(*live.value());
     for (int i = 0; i < 8; ++i)
-        form.ui().txtheader[i]->setText(texts[i]);
-    form.ClearLineGrid();
+        m_ui.txtheader[i]->setText(texts[i]);
+    ClearLineGrid();
     // Shows the lines and keeps them open for entry to go on.
-    form.LoadOrderLines();
+    LoadOrderLines();
 }
 
-} // namespace ordwell::OrderFormAfterEntry
+} // namespace ordwell

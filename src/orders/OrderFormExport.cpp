@@ -1,26 +1,25 @@
 // Exporting the shown order to the desktop.
-#include "orders/OrderFormAfterEntry.h"
+#include "orders/OrderForm.h"
 
 #include "app/AppContext.h"
 #include "app/VendorSession.h"
 #include "common/WaitCursor.h"
 #include "orders/OrderExport.h"
-#include "orders/OrderForm.h"
 
 #include <QLabel>
 #include <QLineEdit>
 
-namespace ordwell::OrderFormAfterEntry {
+namespace ordwell {
 
-void ExportOrder(OrderForm& form) {
-    OrderFormControls& ui = form.ui();
-    AppContext& context = form.appContext();
+void OrderForm::ExportOrder() {
+    OrderFormControls& ui = m_ui;
+    AppContext& context = appContext();
     ui.lblinfo->setText(QStringLiteral("Exporting Order"));
     const QString number = ui.txtheader[Header::OrderNumber]->text();
     OrderExport::ExportResult result;
     {
         WaitCursor wait;
-        result = OrderExport::ExportOrder(context.systemDb(), form.vendorDb(), context.vendorSession().name(),
+        result = OrderExport::ExportOrder(context.systemDb(), vendorDb(), context.vendorSession().name(),
                                           context.DesktopPath, number);
     }
     switch (result.outcome) {
@@ -40,4 +39,4 @@ void ExportOrder(OrderForm& form) {
     context.prompter().message(OrderExport::CompleteText(number), OrderExport::CompleteTitle, MessageIcon::None);
 }
 
-} // namespace ordwell::OrderFormAfterEntry
+} // namespace ordwell

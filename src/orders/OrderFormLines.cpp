@@ -182,8 +182,7 @@ void OrderForm::AddOrUpdateLine() {
 void OrderForm::LineRowChosen() {
     const QString status = ReadOrderStatus();
     if (status == OrderStatus::PartReceived) {
-        if (m_hooks.ReceiveRowChosen)
-            m_hooks.ReceiveRowChosen(*this, m_ui.flxitems->currentRow());
+        ReceiveRowChosen(m_ui.flxitems->currentRow());
         return;
     }
     if (status != OrderStatus::Entered && status != OrderStatus::Printed && status != OrderStatus::Live)

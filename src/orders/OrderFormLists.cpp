@@ -1,13 +1,11 @@
 // The selection lists of the load, print, export and receive modes, browsed one order at a
 // time with the navigation bar, and the direct question for an order already on screen.
-#include "orders/OrderFormAfterEntry.h"
+#include "orders/OrderForm.h"
 
 #include "app/AppContext.h"
 #include "common/FormHelpers.h"
 #include "common/Sql.h"
 #include "orders/OrderCancellation.h"
-#include "orders/OrderForm.h"
-#include "orders/OrderLifeState.h"
 #include "orders/OrderNavigation.h"
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
@@ -17,218 +15,214 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace ordwell::OrderFormAfterEntry {
+namespace ordwell {
 
-void ShowOrderForAction(OrderForm& form) {
-    form.ShowNavigationBar(false);
-    form.ShowEntryRow(false);
-    form.ShowCancelOrder(true);
-    form.ShowReceiveControls(false);
-    form.ShowStartOrder(false);
-    form.ShowEditOrder(false);
-    form.LockHeader(true);
-    form.LockEntryRow(true);
-    form.SetGridTabStop(false);
-    form.EnableCancelOrder(true);
+void OrderForm::ShowOrderForAction() {
+    ShowNavigationBar(false);
+    ShowEntryRow(false);
+    ShowCancelOrder(true);
+    ShowReceiveControls(false);
+    ShowStartOrder(false);
+    ShowEditOrder(false);
+    LockHeader(true);
+    LockEntryRow(true);
+    SetGridTabStop(false);
+    EnableCancelOrder(true);
 }
 
-namespace {
 
-QLineEdit* header(OrderForm& form, int index) {
-    return form.ui().txtheader[index];
+QLineEdit* OrderForm::headerBox(int index) {
+    return m_ui.txtheader[index];
 }
 
 // Shows the list's current order in the header; the header only ever shows it, never writes.
-void showCurrentOrder(OrderForm& form) {
-    const OrderHeadRow& order = OrderLifeState::of(form).list->current();
+void OrderForm::showCurrentOrder() {
+    const OrderHeadRow& order = m_desk.list->current();
     const auto texts = OrderCancellation::HeaderTexts(order, order.status);
     for (int i = 0; i < 8; ++i)
-        header(form, i)->setText(texts[i]);
+        headerBox(i)->setText(texts[i]);
 }
 
-void ApplyNavMask(OrderForm& form, const QString& mask) {
+void OrderForm::ApplyNavMask(const QString& mask) {
     const QString trimmed = mask.trimmed();
     for (int i = 0; i < trimmed.size() && i < 5; ++i)
-        form.ui().cmdnavbutton[i]->setEnabled(OrderNavigation::maskEnables(trimmed, i));
+        m_ui.cmdnavbutton[i]->setEnabled(OrderNavigation::maskEnables(trimmed, i));
     // Let the buttons repaint before the next look-up; the user's clicks wait.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void UpdateNavigation(OrderForm& form) {
-    const OrderList& list = *OrderLifeState::of(form).list;
-    ApplyNavMask(form, list.mask());
-    form.ui().lblnavinfo->setText(list.positionText());
+void OrderForm::UpdateNavigation() {
+    const OrderList& list = *m_desk.list;
+    ApplyNavMask(list.mask());
+    m_ui.lblnavinfo->setText(list.positionText());
 }
 
-bool OpenOrderList(OrderForm& form, OrderListKey key) {
-    auto& state = OrderLifeState::of(form);
-    state.list = std::make_unique<OrderList>(form.vendorDb(), key);
-    const Status opened = state.list->open();
+bool OrderForm::OpenOrderList(OrderListKey key) {
+    const Status opened = m_desk.openList(vendorDb(), key);
     if (!opened) {
-        state.list.reset();
-        form.reportFailure(QStringLiteral("The list of orders could not be read."), opened.message());
+        reportFailure(QStringLiteral("The list of orders could not be read."), opened.message());
         return false;
     }
     return true;
 }
 
-void CloseOrderList(OrderForm& form) {
-    OrderLifeState::of(form).list.reset();
+void OrderForm::CloseOrderList() {
+    m_desk.closeList();
 }
 
 // The "No Orders" message of the mode; the form goes idle.
-bool listIsEmpty(OrderForm& form) {
-    if (!OrderLifeState::of(form).list->isEmpty())
+bool OrderForm::listIsEmpty() {
+    if (!m_desk.list->isEmpty())
         return false;
-    form.appContext().prompter().message(OrderNavigation::noOrdersText(form.OrderMode), OrderNavigation::NoOrdersTitle,
+    appContext().prompter().message(OrderNavigation::noOrdersText(OrderMode), OrderNavigation::NoOrdersTitle,
                                          MessageIcon::Information);
-    form.ResetToIdle();
-    CloseOrderList(form);
+    ResetToIdle();
+    CloseOrderList();
     return true;
 }
 
-void showList(OrderForm& form) {
-    form.ShowNavigationBar(true);
-    form.ShowEntryRow(false);
-    form.ShowCancelOrder(false);
-    form.ShowReceiveControls(false);
-    form.ShowStartOrder(false);
-    form.ShowEditOrder(false);
-    form.LockHeader(true);
-    form.LockEntryRow(true);
-    form.SetGridTabStop(false);
-    form.EnableCancelOrder(false);
-    form.EnableStartOrder(false);
-    form.EnableEditOrder(false);
-    form.EnableMainButtons(false);
-    showCurrentOrder(form);
-    UpdateNavigation(form);
-    form.ClearLineGrid();
-    form.LoadOrderLines();
-    form.ui().lblinfo->setText(OrderNavigation::browsingGuidance(form.OrderMode));
-    focusOn(form.ui().cmdnavbutton[2]);
+void OrderForm::showList() {
+    ShowNavigationBar(true);
+    ShowEntryRow(false);
+    ShowCancelOrder(false);
+    ShowReceiveControls(false);
+    ShowStartOrder(false);
+    ShowEditOrder(false);
+    LockHeader(true);
+    LockEntryRow(true);
+    SetGridTabStop(false);
+    EnableCancelOrder(false);
+    EnableStartOrder(false);
+    EnableEditOrder(false);
+    EnableMainButtons(false);
+    showCurrentOrder();
+    UpdateNavigation();
+    ClearLineGrid();
+    LoadOrderLines();
+    m_ui.lblinfo->setText(OrderNavigation::browsingGuidance(OrderMode));
+    focusOn(m_ui.cmdnavbutton[2]);
 }
 
-void carryOut(OrderForm& form) {
-    if (form.OrderMode == OrderMode::Print)
-        PrintOrder(form);
-    else if (form.OrderMode == OrderMode::Export)
-        ExportOrder(form);
-    else if (form.OrderMode == OrderMode::Receive)
-        StartReceiving(form);
+void OrderForm::carryOut() {
+    if (OrderMode == OrderMode::Print)
+        PrintOrder();
+    else if (OrderMode == OrderMode::Export)
+        ExportOrder();
+    else if (OrderMode == OrderMode::Receive)
+        StartReceiving();
 }
 
 // Print, export and receive: the shown order when the mode accepts it, else the mode's list.
-void beginChoosing(OrderForm& form) {
-    if (!form.ItemsOpen)
-        form.OpenItems();
-    if (!header(form, Header::OrderNumber)->text().isEmpty() &&
-        OrderNavigation::acceptedStatuses(form.OrderMode).contains(form.ReadOrderStatus())) {
-        const auto question = OrderNavigation::directQuestion(form.OrderMode);
-        if (question && form.appContext().prompter().ask(question->text, question->title, MessageIcon::None))
-            carryOut(form);
+void OrderForm::beginChoosing() {
+    if (!ItemsOpen)
+        OpenItems();
+    if (!headerBox(Header::OrderNumber)->text().isEmpty() &&
+        OrderNavigation::acceptedStatuses(OrderMode).contains(ReadOrderStatus())) {
+        const auto question = OrderNavigation::directQuestion(OrderMode);
+        if (question && appContext().prompter().ask(question->text, question->title, MessageIcon::None))
+            carryOut();
         return;
     }
-    form.FinishShownOrder();
-    form.ResetToIdle();
-    if (!OpenOrderList(form, *OrderNavigation::keyForMode(form.OrderMode)) || listIsEmpty(form))
+    FinishShownOrder();
+    ResetToIdle();
+    if (!OpenOrderList(*OrderNavigation::keyForMode(OrderMode)) || listIsEmpty())
         return;
-    showList(form);
+    showList();
 }
 
 // A live or entered order chosen from the load list is taken up for entry again.
-void takeUp(OrderForm& form) {
-    const QString number = header(form, Header::OrderNumber)->text();
-    form.ShowEntryRow(true);
-    form.ShowCancelOrder(true);
-    form.LockHeader(true);
-    form.LockEntryRow(false);
-    form.SetGridTabStop(true);
-    form.ShowStartOrder(true);
-    form.ShowEditOrder(true);
-    form.EnableStartOrder(false);
-    form.EnableEditOrder(true);
+void OrderForm::takeUp() {
+    const QString number = headerBox(Header::OrderNumber)->text();
+    ShowEntryRow(true);
+    ShowCancelOrder(true);
+    LockHeader(true);
+    LockEntryRow(false);
+    SetGridTabStop(true);
+    ShowStartOrder(true);
+    ShowEditOrder(true);
+    EnableStartOrder(false);
+    EnableEditOrder(true);
     // Order and lines turn live together, so a crash cannot leave them apart.
-    const Status done = OrderTransitions::moveOrder(form.vendorDb(), number, OrderStatus::Live, QDate::currentDate());
+    const Status done = OrderTransitions::moveOrder(vendorDb(), number, OrderStatus::Live, QDate::currentDate());
     if (!done)
-        form.reportFailure(QStringLiteral("The order could not be taken up again."), done.message());
-    header(form, Header::Status)->setText(QStringLiteral("L - LIVE"));
-    form.ui().lblinfo->setText(QStringLiteral("Continue entering order details"));
-    form.OpenOrderLines();
+        reportFailure(QStringLiteral("The order could not be taken up again."), done.message());
+    headerBox(Header::Status)->setText(QStringLiteral("L - LIVE"));
+    m_ui.lblinfo->setText(QStringLiteral("Continue entering order details"));
+    OpenOrderLines();
 }
 
 // A printed or exported order chosen from the load list waits for the next step.
-void showLoaded(OrderForm& form, const QString& status) {
+void OrderForm::showLoaded(const QString& status) {
     const bool printed = status == OrderStatus::Printed;
-    header(form, Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
-    form.ui().lblinfo->setText(printed ? QStringLiteral("Print or export this order")
+    headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
+    m_ui.lblinfo->setText(printed ? QStringLiteral("Print or export this order")
                                        : QStringLiteral("Export or receive this order"));
-    ShowOrderForAction(form);
-    focusOn(form.ui().cmdbutton[printed ? MainButton::PrintOrder : MainButton::ExportOrder]);
+    ShowOrderForAction();
+    focusOn(m_ui.cmdbutton[printed ? MainButton::PrintOrder : MainButton::ExportOrder]);
 }
 
-void select(OrderForm& form) {
-    CloseOrderList(form);
-    form.EnableMainButtons(true);
-    form.ShowNavigationBar(false);
+void OrderForm::chooseShownOrder() {
+    // What the order is, from the list itself: the header only shows it.
+    const QString status = m_desk.chosenStatus();
+    CloseOrderList();
+    EnableMainButtons(true);
+    ShowNavigationBar(false);
     // Another workstation working on the order keeps it: said, and the form goes back to idle.
-    if (!form.ClaimOrder(header(form, Header::OrderNumber)->text())) {
-        header(form, Header::OrderNumber)->clear();
-        form.ResetToIdle();
+    if (!ClaimOrder(headerBox(Header::OrderNumber)->text())) {
+        headerBox(Header::OrderNumber)->clear();
+        ResetToIdle();
         return;
     }
-    if (form.OrderMode == OrderMode::Load || form.OrderMode == OrderMode::Live) {
-        const QString status = header(form, Header::Status)->text();
+    if (OrderMode == OrderMode::Load || OrderMode == OrderMode::Live) {
         if (status == OrderStatus::Live || status == OrderStatus::Entered) {
-            takeUp(form);
+            takeUp();
         } else if (status == OrderStatus::Printed || status == OrderStatus::Exported) {
-            showLoaded(form, status);
+            showLoaded(status);
         } else if (status == OrderStatus::PartReceived) {
             // From here the form receives, as in the receive mode: the grid shows what is still
             // to come, so a line received in full cannot be chosen and too many is refused.
-            form.OrderMode = OrderMode::Receive;
-            form.ui().lblinfo->setText(QStringLiteral("Receiving this order"));
-            header(form, Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
-            StartReceiving(form);
+            OrderMode = OrderMode::Receive;
+            m_ui.lblinfo->setText(QStringLiteral("Receiving this order"));
+            headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
+            StartReceiving();
         }
         return;
     }
-    carryOut(form);
+    carryOut();
 }
 
-} // namespace
 
-void BeginLoadOrder(OrderForm& form) {
-    if (!OpenOrderList(form, OrderListKey::All) || listIsEmpty(form))
+void OrderForm::BeginLoadOrder() {
+    if (!OpenOrderList(OrderListKey::All) || listIsEmpty())
         return;
-    if (!form.ItemsOpen)
-        form.OpenItems();
-    if (!form.RulesLoaded)
-        form.LoadBarcodeRules();
-    showList(form);
+    if (!ItemsOpen)
+        OpenItems();
+    if (!RulesLoaded)
+        LoadBarcodeRules();
+    showList();
 }
 
-void BeginPrintOrder(OrderForm& form) {
-    beginChoosing(form);
+void OrderForm::BeginPrintOrder() {
+    beginChoosing();
 }
 
-void BeginExportOrder(OrderForm& form) {
-    beginChoosing(form);
+void OrderForm::BeginExportOrder() {
+    beginChoosing();
 }
 
-void BeginReceiveOrder(OrderForm& form) {
-    beginChoosing(form);
+void OrderForm::BeginReceiveOrder() {
+    beginChoosing();
 }
 
-void cmdnavbutton_Click(OrderForm& form, int index) {
-    OrderList* list = OrderLifeState::of(form).list.get();
+void OrderForm::cmdnavbutton_Click(int index) {
+    OrderList* list = m_desk.list.get();
     if (!list)
         return;
     if (index == 2) {
-        select(form);
+        chooseShownOrder();
         return;
     }
-    form.ClearLineGrid();
+    ClearLineGrid();
     Status moved;
     switch (index) {
     case 0:
@@ -246,32 +240,19 @@ void cmdnavbutton_Click(OrderForm& form, int index) {
     default:
         return;
     }
-    ApplyNavMask(form, OrderNavigation::MovingMask);
+    ApplyNavMask(OrderNavigation::MovingMask);
     if (!moved)
-        form.reportFailure(QStringLiteral("The next order of the list could not be read."), moved.message());
-    showCurrentOrder(form);
-    form.LoadOrderLines();
-    UpdateNavigation(form);
+        reportFailure(QStringLiteral("The next order of the list could not be read."), moved.message());
+    showCurrentOrder();
+    LoadOrderLines();
+    UpdateNavigation();
 }
 
-void cmdcancelld_Click(OrderForm& form) {
-    CloseOrderList(form);
-    form.EnableMainButtons(true);
-    form.ResetToIdle();
+void OrderForm::cmdcancelld_Click() {
+    CloseOrderList();
+    EnableMainButtons(true);
+    ResetToIdle();
 }
 
-void install(OrderFormHooks& hooks) {
-    hooks.BeginLoadOrder = BeginLoadOrder;
-    hooks.BeginPrintOrder = BeginPrintOrder;
-    hooks.BeginExportOrder = BeginExportOrder;
-    hooks.BeginReceiveOrder = BeginReceiveOrder;
-    hooks.BeginLiveOrder = BeginLiveOrder;
-    hooks.cmdnavbutton_Click = cmdnavbutton_Click;
-    hooks.cmdcancelld_Click = cmdcancelld_Click;
-    hooks.cmdcancelord_Click = cmdcancelord_Click;
-    hooks.cmdrecv_Click = cmdrecv_Click;
-    hooks.ReceiveRowChosen = ReceiveRowChosen;
-    hooks.txtrcvqty_KeyPress = txtrcvqty_KeyPress;
-}
 
-} // namespace ordwell::OrderFormAfterEntry
+} // namespace ordwell

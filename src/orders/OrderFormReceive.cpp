@@ -1,11 +1,9 @@
 // Receiving a delivery against the shown order: line by line or all at once, until nothing
 // is outstanding and the order closes.
-#include "orders/OrderFormAfterEntry.h"
+#include "orders/OrderForm.h"
 
 #include "app/AppContext.h"
 #include "common/FormHelpers.h"
-#include "orders/OrderForm.h"
-#include "orders/OrderLifeState.h"
 #include "orders/Receiving.h"
 
 #include <QKeyEvent>
@@ -14,24 +12,22 @@
 #include <QPushButton>
 #include <QTableWidget>
 
-namespace ordwell::OrderFormAfterEntry {
+namespace ordwell {
 
-namespace {
 
-QString orderNumber(OrderForm& form) {
-    return form.ui().txtheader[Header::OrderNumber]->text();
+QString OrderForm::orderNumber() {
+    return m_ui.txtheader[Header::OrderNumber]->text();
 }
 
-void clearEntryBoxes(OrderForm& form) {
-    for (QLineEdit* box : form.ui().txtitem)
+void OrderForm::clearEntryBoxes() {
+    for (QLineEdit* box : m_ui.txtitem)
         box->clear();
 }
 
-} // namespace
 
-void LockReceiveBox(OrderForm& form, bool locked) {
-    QLineEdit* box = form.ui().txtrcvqty;
-    if (!box->isVisibleTo(&form))
+void OrderForm::LockReceiveBox(bool locked) {
+    QLineEdit* box = m_ui.txtrcvqty;
+    if (!box->isVisibleTo(this))
         return;
     box->clear();
     box->setEnabled(!locked);
@@ -40,53 +36,50 @@ void LockReceiveBox(OrderForm& form, bool locked) {
         focusOn(box);
 }
 
-void StartReceiving(OrderForm& form) {
-    form.ui().lblinfo->setText(QStringLiteral("Receiving order"));
-    form.EnableMainButtons(true);
-    form.ShowNavigationBar(false);
-    form.ShowEntryRow(true);
-    form.ShowFindItem(false);
-    form.ShowCancelOrder(false);
-    form.ShowReceiveControls(true);
-    form.ShowStartOrder(false);
-    form.ShowEditOrder(false);
-    form.LockHeader(true);
-    form.LockEntryRow(true);
-    form.SetGridTabStop(true);
-    form.EnableCancelOrder(true);
-    form.EnableStartOrder(false);
-    LockReceiveBox(form, true);
-    const Status started = Receiving::StartReceiving(form.vendorDb(), orderNumber(form));
+void OrderForm::StartReceiving() {
+    m_ui.lblinfo->setText(QStringLiteral("Receiving order"));
+    EnableMainButtons(true);
+    ShowNavigationBar(false);
+    ShowEntryRow(true);
+    ShowFindItem(false);
+    ShowCancelOrder(false);
+    ShowReceiveControls(true);
+    ShowStartOrder(false);
+    ShowEditOrder(false);
+    LockHeader(true);
+    LockEntryRow(true);
+    SetGridTabStop(true);
+    EnableCancelOrder(true);
+    EnableStartOrder(false);
+    LockReceiveBox(true);
+    const Status started = Receiving::StartReceiving(vendorDb(), orderNumber());
     if (!started) {
-        form.reportFailure(QStringLiteral("Receiving could not begin."), started.message());
+        reportFailure(QStringLiteral("Receiving could not begin."), started.message());
         return;
     }
-    form.ui().txtheader[Header::Status]->setText(QStringLiteral("S - PART RECEIVED"));
+    m_ui.txtheader[Header::Status]->setText(QStringLiteral("S - PART RECEIVED"));
     // The grid shows what is still to come of each line.
-    form.ClearLineGrid();
-    form.LoadOrderLines();
-    CountReceipt(form);
+    ClearLineGrid();
+    LoadOrderLines();
+    CountReceipt();
 }
 
-void CountReceipt(OrderForm& form) {
-    auto& state = OrderLifeState::of(form);
-    const auto totals = Receiving::CountReceipt(form.vendorDb(), orderNumber(form));
-    if (!totals) {
-        form.reportFailure(QStringLiteral("The order's lines could not be counted."), totals.message());
+void OrderForm::CountReceipt() {
+    const auto complete = m_desk.countReceipt(vendorDb(), orderNumber());
+    if (!complete) {
+        reportFailure(QStringLiteral("The order's lines could not be counted."), complete.message());
         return;
     }
-    state.orderedTotal = totals->ordered;
-    state.receivedTotal = totals->received;
-    if (!totals->complete()) {
-        focusOn(form.ui().cmdrecv);
+    if (!*complete) {
+        focusOn(m_ui.cmdrecv);
         return;
     }
     // Everything has come already.
-    CompleteReceipt(form, true);
+    CompleteReceipt(true);
 }
 
-void ReceiveRowChosen(OrderForm& form, int row) {
-    OrderFormControls& ui = form.ui();
+void OrderForm::ReceiveRowChosen(int row) {
+    OrderFormControls& ui = m_ui;
     auto text = [&ui, row](int column) {
         const QTableWidgetItem* item = row > 0 ? ui.flxitems->item(row, column) : nullptr;
         return item ? item->text() : QString();
@@ -100,41 +93,39 @@ void ReceiveRowChosen(OrderForm& form, int row) {
     for (int c = Entry::Description; c <= Entry::Pack; ++c)
         ui.txtitem[c]->setText(text(c + 1));
     lockBox(ui.txtitem[Entry::Qty], true, false);
-    LockReceiveBox(form, false);
+    LockReceiveBox(false);
 }
 
-bool txtrcvqty_KeyPress(OrderForm& form, QKeyEvent* key) {
+bool OrderForm::txtrcvqty_KeyPress(QKeyEvent* key) {
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter && key->key() != Qt::Key_Tab)
         return false;
-    OrderFormControls& ui = form.ui();
-    auto& state = OrderLifeState::of(form);
+    OrderFormControls& ui = m_ui;
     const int outstanding = ui.txtitem[Entry::Qty]->text().toInt();
     const auto judged = Receiving::JudgeReceivedQuantity(ui.txtrcvqty->text(), outstanding);
     switch (judged.verdict) {
     case Receiving::Verdict::Ignore:
         break;
     case Receiving::Verdict::Book: {
-        const auto booked = Receiving::ReceiveLine(form.vendorDb(), orderNumber(form), ui.txtitem[Entry::Code]->text(),
+        const auto booked = Receiving::ReceiveLine(vendorDb(), orderNumber(), ui.txtitem[Entry::Code]->text(),
                                                    judged.quantity);
         if (!booked) {
-            form.reportFailure(QStringLiteral("The receipt could not be stored."), booked.message());
+            reportFailure(QStringLiteral("The receipt could not be stored."), booked.message());
             break;
         }
         const Receiving::ReceivedLine& line = booked.value();
-        form.ShowLineRow(line.line, line.code, ui.txtitem[Entry::Description]->text(), line.outstanding(), line.price,
+        ShowLineRow(line.line, line.code, ui.txtitem[Entry::Description]->text(), line.outstanding(), line.price,
                          ui.txtitem[Entry::Pack]->text().toInt(), line.status);
-        state.receivedTotal += judged.quantity;
-        clearEntryBoxes(form);
-        LockReceiveBox(form, true);
-        if (state.receivedTotal == state.orderedTotal)
-            CompleteReceipt(form, true);
+        clearEntryBoxes();
+        LockReceiveBox(true);
+        if (m_desk.booked(judged.quantity))
+            CompleteReceipt(true);
         else
             focusOn(ui.cmdrecv);
         break;
     }
     case Receiving::Verdict::PassOver:
-        clearEntryBoxes(form);
-        LockReceiveBox(form, true);
+        clearEntryBoxes();
+        LockReceiveBox(true);
         focusOn(ui.cmdrecv);
         break;
     case Receiving::Verdict::Refuse:
@@ -145,22 +136,22 @@ bool txtrcvqty_KeyPress(OrderForm& form, QKeyEvent* key) {
     return true;
 }
 
-void cmdrecv_Click(OrderForm& form) {
-    if (form.appContext().prompter().ask(Receiving::ReceiveAllText, Receiving::ReceiveAllTitle, MessageIcon::None))
-        CompleteReceipt(form, false);
+void OrderForm::cmdrecv_Click() {
+    if (appContext().prompter().ask(Receiving::ReceiveAllText, Receiving::ReceiveAllTitle, MessageIcon::None))
+        CompleteReceipt(false);
 }
 
-void CompleteReceipt(OrderForm& form, bool wholeLine) {
+void OrderForm::CompleteReceipt(bool wholeLine) {
     if (wholeLine)
-        form.appContext().prompter().message(Receiving::CompleteText, Receiving::CompleteTitle, MessageIcon::None);
-    const Status done = Receiving::CompleteReceipt(form.vendorDb(), orderNumber(form));
+        appContext().prompter().message(Receiving::CompleteText, Receiving::CompleteTitle, MessageIcon::None);
+    const Status done = Receiving::CompleteReceipt(vendorDb(), orderNumber());
     if (!done) {
-        form.reportFailure(QStringLiteral("The order could not be closed as received."), done.message());
+        reportFailure(QStringLiteral("The order could not be closed as received."), done.message());
         return;
     }
-    form.CloseOrderLines();
-    form.FinishShownOrder();
-    form.ResetToIdle();
+    CloseOrderLines();
+    FinishShownOrder();
+    ResetToIdle();
 }
 
-} // namespace ordwell::OrderFormAfterEntry
+} // namespace ordwell

@@ -1,4 +1,5 @@
 #include "OrderDataFixture.h"
+#include "orders/OrderDesk.h"
 #include "orders/Receiving.h"
 
 #include <QTest>
@@ -65,6 +66,26 @@ private slots:
         f.exec(QStringLiteral("UPDATE orderline SET status = 'R', recvqty = 4 WHERE code = 'B2'"));
         QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
         QCOMPARE(f.lineStatuses(Id), QStringLiteral("SRC"));
+    }
+
+    // The desk the order form works from, without the form: the chosen order's status comes
+    // from the list, not from what a box shows, and the delivery's count says when the last
+    // of the order has come.
+    void deskFollowsTheListAndTheDelivery() {
+        test::OrderDataFixture f;
+        exportedOrder(f);
+        OrderDesk desk;
+        QVERIFY(desk.chosenStatus().isEmpty());
+        QVERIFY(desk.openList(f.vendorDb(), OrderListKey::XS));
+        QVERIFY(desk.browsing());
+        QCOMPARE(desk.chosenStatus(), QStringLiteral("X"));
+        desk.closeList();
+        QVERIFY(desk.chosenStatus().isEmpty());
+
+        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
+        QCOMPARE(desk.countReceipt(f.vendorDb(), Id).value(), false);
+        QVERIFY(!desk.booked(10));
+        QVERIFY(desk.booked(4)); // 14 ordered on the live lines
     }
 
     // 3 then 7 of 10: "S" with 7 outstanding, then "R"; a quantity beyond what is outstanding

@@ -1,0 +1,33 @@
+#include "orders/OrderDesk.h"
+
+namespace ordwell {
+
+Status OrderDesk::openList(const QSqlDatabase& db, OrderListKey key) {
+    list = std::make_unique<OrderList>(db, key);
+    const Status opened = list->open();
+    if (!opened)
+        list.reset();
+    return opened;
+}
+
+QString OrderDesk::chosenStatus() const {
+    if (!list || list->isEmpty())
+        return {};
+    return list->current().status;
+}
+
+Result<bool> OrderDesk::countReceipt(const QSqlDatabase& db, const QString& orderId) {
+    const auto totals = Receiving::CountReceipt(db, orderId);
+    if (!totals)
+        return totals.status();
+    orderedTotal = totals->ordered;
+    receivedTotal = totals->received;
+    return totals->complete();
+}
+
+bool OrderDesk::booked(int quantity) {
+    receivedTotal += quantity;
+    return receivedTotal == orderedTotal;
+}
+
+} // namespace ordwell

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "orders/OrderList.h"
+#include "orders/Receiving.h"
+
+#include <QSqlDatabase>
+#include <QString>
+#include <memory>
+
+namespace ordwell {
+
+// What the order form works with between one user action and the next, apart from its
+// controls: the list of orders being browsed, and the count of the delivery being received.
+// No widgets: the form shows what this holds.
+class OrderDesk {
+public:
+    // The list of the mode's orders, read afresh; on failure there is no list.
+    Status openList(const QSqlDatabase& db, OrderListKey key);
+    void closeList() { list.reset(); }
+    bool browsing() const { return list != nullptr; }
+    // The status letter of the order the list stands on, empty with no list or an empty one.
+    QString chosenStatus() const;
+
+    // Counts what the order had and has had; true when nothing is outstanding.
+    Result<bool> countReceipt(const QSqlDatabase& db, const QString& orderId);
+    // A receipt booked against a line; true when it was the last of the order.
+    bool booked(int quantity);
+
+    std::unique_ptr<OrderList> list;
+    int orderedTotal = 0;
+    int receivedTotal = 0;
+};
+
+} // namespace ordwell
