@@ -2,6 +2,28 @@
 
 namespace ordwell {
 
+namespace {
+const std::pair<DeskMode, const QString*> ModeWords[] = {
+    {DeskMode::New, &OrderMode::New},         {DeskMode::Load, &OrderMode::Load},
+    {DeskMode::Print, &OrderMode::Print},     {DeskMode::Export, &OrderMode::Export},
+    {DeskMode::Receive, &OrderMode::Receive}, {DeskMode::Live, &OrderMode::Live},
+};
+} // namespace
+
+DeskMode deskModeFromWord(const QString& word) {
+    for (const auto& [mode, text] : ModeWords)
+        if (*text == word)
+            return mode;
+    return DeskMode::None;
+}
+
+QString wordOf(DeskMode mode) {
+    for (const auto& [known, text] : ModeWords)
+        if (known == mode)
+            return *text;
+    return {};
+}
+
 Status OrderDesk::openList(const QSqlDatabase& db, OrderListKey key) {
     list = std::make_unique<OrderList>(db, key);
     const Status opened = list->open();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orders/OrderList.h"
+#include "orders/OrderWords.h"
 #include "orders/Receiving.h"
 
 #include <QSqlDatabase>
@@ -8,6 +9,13 @@
 #include <memory>
 
 namespace ordwell {
+
+// What the order form is doing: the mode it was opened with, or "Live" for an order a stopped
+// program left behind.
+enum class DeskMode { None, New, Load, Print, Export, Receive, Live };
+// From the mode words the form is opened with ("NEWORDER" ...); an unknown word is None.
+DeskMode deskModeFromWord(const QString& word);
+QString wordOf(DeskMode mode);
 
 // What the order form works with between one user action and the next, apart from its
 // controls: the list of orders being browsed, and the count of the delivery being received.

@@ -131,20 +131,27 @@ bool OrderForm::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void OrderForm::DispatchMode() {
-    if (OrderMode == OrderMode::New) {
+    switch (Mode) {
+    case DeskMode::New:
         BeginNewOrder();
-        return;
-    }
-    const std::pair<const QString*, void (OrderForm::*)()> steps[] = {
-        {&OrderMode::Load, &OrderForm::BeginLoadOrder},     {&OrderMode::Print, &OrderForm::BeginPrintOrder},
-        {&OrderMode::Export, &OrderForm::BeginExportOrder}, {&OrderMode::Receive, &OrderForm::BeginReceiveOrder},
-        {&OrderMode::Live, &OrderForm::BeginLiveOrder},
-    };
-    for (const auto& [word, step] : steps) {
-        if (OrderMode == *word) {
-            (this->*step)();
-            return;
-        }
+        break;
+    case DeskMode::Load:
+        BeginLoadOrder();
+        break;
+    case DeskMode::Print:
+        BeginPrintOrder();
+        break;
+    case DeskMode::Export:
+        BeginExportOrder();
+        break;
+    case DeskMode::Receive:
+        BeginReceiveOrder();
+        break;
+    case DeskMode::Live:
+        BeginLiveOrder();
+        break;
+    case DeskMode::None:
+        break;
     }
 }
 
@@ -153,22 +160,22 @@ void OrderForm::cmdbutton_Click(int index) {
     case MainButton::NewOrder:
         FinishShownOrder();
         ResetToIdle();
-        OrderMode = OrderMode::New;
+        Mode = DeskMode::New;
         break;
     case MainButton::LoadOrder:
         FinishShownOrder();
         ResetToIdle();
-        OrderMode = OrderMode::Load;
+        Mode = DeskMode::Load;
         break;
     // The shown order stays, so the mode can offer it directly.
     case MainButton::PrintOrder:
-        OrderMode = OrderMode::Print;
+        Mode = DeskMode::Print;
         break;
     case MainButton::ExportOrder:
-        OrderMode = OrderMode::Export;
+        Mode = DeskMode::Export;
         break;
     case MainButton::ReceiveOrder:
-        OrderMode = OrderMode::Receive;
+        Mode = DeskMode::Receive;
         break;
     case MainButton::Exit:
         ExitOrderForm();
@@ -343,7 +350,7 @@ void OrderForm::ExitOrderForm() {
         CloseItems();
     if (LinesOpen)
         CloseOrderLines();
-    OrderMode.clear();
+    Mode = DeskMode::None;
     RulesLoaded = false;
     ItemsOpen = false;
     ActivatedOnce = false;

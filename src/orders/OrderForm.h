@@ -27,7 +27,7 @@ public:
     ~OrderForm() override;
 
     // The form's one public operation: the mode the next (first) activation carries out.
-    void SetOrderMode(const QString& mode) { OrderMode = mode; }
+    void SetOrderMode(const QString& mode) { Mode = deskModeFromWord(mode); }
 
     OrderFormControls& ui() { return m_ui; }
     AppContext& appContext() const { return context(); }
@@ -110,7 +110,7 @@ public:
     void FindItemByDescription();
 
     // The form's state.
-    QString OrderMode;
+    DeskMode Mode = DeskMode::None;
     bool ItemsOpen = false;
     bool RulesLoaded = false;
     bool LinesOpen = false;

@@ -151,7 +151,7 @@ void OrderForm::LoadOrderLines() {
         return;
     }
     LinesOpen = true;
-    const bool receiving = OrderMode == OrderMode::Receive;
+    const bool receiving = Mode == DeskMode::Receive;
     m_ui.flxitems->setUpdatesEnabled(false);
     for (const OrderLine& line : lines.value()) {
         const int shown = receiving ? line.qty - line.recvQty : line.qty;

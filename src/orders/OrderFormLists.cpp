@@ -74,7 +74,7 @@ void OrderForm::CloseOrderList() {
 bool OrderForm::listIsEmpty() {
     if (!m_desk.list->isEmpty())
         return false;
-    appContext().prompter().message(OrderNavigation::noOrdersText(OrderMode), OrderNavigation::NoOrdersTitle,
+    appContext().prompter().message(OrderNavigation::noOrdersText(wordOf(Mode)), OrderNavigation::NoOrdersTitle,
                                          MessageIcon::Information);
     ResetToIdle();
     CloseOrderList();
@@ -99,16 +99,16 @@ void OrderForm::showList() {
     UpdateNavigation();
     ClearLineGrid();
     LoadOrderLines();
-    m_ui.lblinfo->setText(OrderNavigation::browsingGuidance(OrderMode));
+    m_ui.lblinfo->setText(OrderNavigation::browsingGuidance(wordOf(Mode)));
     focusOn(m_ui.cmdnavbutton[2]);
 }
 
 void OrderForm::carryOut() {
-    if (OrderMode == OrderMode::Print)
+    if (Mode == DeskMode::Print)
         PrintOrder();
-    else if (OrderMode == OrderMode::Export)
+    else if (Mode == DeskMode::Export)
         ExportOrder();
-    else if (OrderMode == OrderMode::Receive)
+    else if (Mode == DeskMode::Receive)
         StartReceiving();
 }
 
@@ -117,15 +117,15 @@ void OrderForm::beginChoosing() {
     if (!ItemsOpen)
         OpenItems();
     if (!headerBox(Header::OrderNumber)->text().isEmpty() &&
-        OrderNavigation::acceptedStatuses(OrderMode).contains(ReadOrderStatus())) {
-        const auto question = OrderNavigation::directQuestion(OrderMode);
+        OrderNavigation::acceptedStatuses(wordOf(Mode)).contains(ReadOrderStatus())) {
+        const auto question = OrderNavigation::directQuestion(wordOf(Mode));
         if (question && appContext().prompter().ask(question->text, question->title, MessageIcon::None))
             carryOut();
         return;
     }
     FinishShownOrder();
     ResetToIdle();
-    if (!OpenOrderList(*OrderNavigation::keyForMode(OrderMode)) || listIsEmpty())
+    if (!OpenOrderList(*OrderNavigation::keyForMode(wordOf(Mode))) || listIsEmpty())
         return;
     showList();
 }
@@ -173,7 +173,7 @@ void OrderForm::chooseShownOrder() {
         ResetToIdle();
         return;
     }
-    if (OrderMode == OrderMode::Load || OrderMode == OrderMode::Live) {
+    if (Mode == DeskMode::Load || Mode == DeskMode::Live) {
         if (status == OrderStatus::Live || status == OrderStatus::Entered) {
             takeUp();
         } else if (status == OrderStatus::Printed || status == OrderStatus::Exported) {
@@ -181,7 +181,7 @@ void OrderForm::chooseShownOrder() {
         } else if (status == OrderStatus::PartReceived) {
             // From here the form receives, as in the receive mode: the grid shows what is still
             // to come, so a line received in full cannot be chosen and too many is refused.
-            OrderMode = OrderMode::Receive;
+            Mode = DeskMode::Receive;
             m_ui.lblinfo->setText(QStringLiteral("Receiving this order"));
             headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
             StartReceiving();

@@ -215,7 +215,7 @@ void TestItemEntry::vendorSessionOpensTheFormLive() {
     s.ctx().openOrderForm(OrderMode::Live);
     auto* form = s.window().findChild<OrderForm*>(QStringLiteral("frmorder"));
     QVERIFY(form);
-    QCOMPARE(form->OrderMode, OrderMode::Live);
+    QCOMPARE(form->Mode, DeskMode::Live);
     QCOMPARE(s.ctx().OpenWindowCount, 1);
     QVERIFY(!s.window().menuEntry(QStringLiteral("mnuNewOrd"))->isEnabled());
     delete form->parentWidget();

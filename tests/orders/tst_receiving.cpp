@@ -86,6 +86,10 @@ private slots:
         QCOMPARE(desk.countReceipt(f.vendorDb(), Id).value(), false);
         QVERIFY(!desk.booked(10));
         QVERIFY(desk.booked(4)); // 14 ordered on the live lines
+
+        QCOMPARE(deskModeFromWord(QStringLiteral("RCVORDER")), DeskMode::Receive);
+        QCOMPARE(wordOf(DeskMode::Live), QStringLiteral("LIVEORDER"));
+        QCOMPARE(deskModeFromWord(QStringLiteral("rcvorder")), DeskMode::None);
     }
 
     // 3 then 7 of 10: "S" with 7 outstanding, then "R"; a quantity beyond what is outstanding
