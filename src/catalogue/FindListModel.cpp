@@ -3,21 +3,16 @@
 #include "common/Sql.h"
 #include "store/Dialect.h"
 
-#include <QLoggingCategory>
-
 namespace ordwell {
 
 namespace {
-Q_LOGGING_CATEGORY(lcFind, "ordwell.find", QtWarningMsg)
-
 QString quoted(const QString& identifier) {
     return QLatin1Char('"') + identifier + QLatin1Char('"');
 }
 } // namespace
 
 FindListModel::FindListModel(QSqlDatabase db, FindQuery query, QObject* parent)
-    : QAbstractListModel(parent), m_db(std::move(db)), m_query(std::move(query)), m_blockQuery(m_db), m_rowQuery(m_db) {
-}
+    : QAbstractListModel(parent), m_db(std::move(db)), m_query(std::move(query)) {}
 
 Status FindListModel::open() {
     const QString table = quoted(m_query.table);
@@ -28,22 +23,11 @@ Status FindListModel::open() {
     auto nulls = Sql::scalar(m_db, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 IS NULL").arg(table, column));
     if (!nulls)
         return nulls.status();
-    // Both run often (while scrolling, on every typed character): prepared once. The order is
-    // the one the column's index keeps, so nothing is sorted.
-    struct Statement {
-        QSqlQuery& query;
-        QString text;
-    };
     const QString ordered = Dialects::caseBlind(m_db, column);
-    const Statement statements[] = {
-        {m_blockQuery, QStringLiteral("SELECT %1 FROM %2 ORDER BY %3 LIMIT ? OFFSET ?").arg(column, table, ordered)},
-        {m_rowQuery, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 < ?").arg(table, ordered)},
-    };
-    for (const Statement& s : statements) {
-        s.query.setForwardOnly(true);
-        if (!s.query.prepare(s.text))
-            return Status::fail(Sql::describe(s.query.lastError()));
-    }
+    m_blockQuery = std::make_unique<Sql::Statement>(
+        m_db, QStringLiteral("SELECT %1 FROM %2 ORDER BY %3 LIMIT ? OFFSET ?").arg(column, table, ordered));
+    m_rowQuery =
+        std::make_unique<Sql::Statement>(m_db, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 < ?").arg(table, ordered));
     beginResetModel();
     m_blocks.clear();
     m_recent.clear();
@@ -66,15 +50,13 @@ const QList<QString>& FindListModel::block(int blockIndex) const {
     }
     QList<QString> rows;
     rows.reserve(BlockRows);
-    m_blockQuery.bindValue(0, BlockRows);
-    m_blockQuery.bindValue(1, blockIndex * BlockRows);
-    if (m_blockQuery.exec()) {
-        while (m_blockQuery.next())
-            rows.append(m_blockQuery.isNull(0) ? QString() : m_blockQuery.value(0).toString());
-    } else {
-        qCWarning(lcFind) << "reading the list failed:" << m_blockQuery.lastError().text();
+    // A failure is logged by the statement; the rows read so far are shown.
+    if (m_blockQuery && m_blockQuery->exec({BlockRows, blockIndex * BlockRows})) {
+        QSqlQuery& q = m_blockQuery->query();
+        while (q.next())
+            rows.append(q.isNull(0) ? QString() : q.value(0).toString());
+        q.finish();
     }
-    m_blockQuery.finish();
     if (m_recent.size() >= MaxBlocks)
         m_blocks.remove(m_recent.takeFirst());
     m_recent.append(blockIndex);
@@ -127,10 +109,12 @@ bool FindListModel::startsWith(int row, const QString& prefix) const {
 
 int FindListModel::rowOf(const QString& text) const {
     int row = m_count;
-    m_rowQuery.bindValue(0, text);
-    if (m_rowQuery.exec() && m_rowQuery.next())
-        row = m_nullCount + m_rowQuery.value(0).toInt();
-    m_rowQuery.finish();
+    if (m_rowQuery && m_rowQuery->exec({text})) {
+        QSqlQuery& q = m_rowQuery->query();
+        if (q.next())
+            row = m_nullCount + q.value(0).toInt();
+        q.finish();
+    }
     return row;
 }
 

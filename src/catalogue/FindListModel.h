@@ -6,7 +6,10 @@
 #include <QHash>
 #include <QList>
 #include <QSqlDatabase>
+#include "common/Sql.h"
+
 #include <QSqlQuery>
+#include <memory>
 #include <QString>
 #include <optional>
 
@@ -69,8 +72,10 @@ private:
     FindQuery m_query;
     int m_count = 0;
     int m_nullCount = 0; // null entries sort first and show as empty text
-    mutable QSqlQuery m_blockQuery;
-    mutable QSqlQuery m_rowQuery;
+    // Both run often (while scrolling, on every typed character): prepared once. The order is
+    // the one the column's index keeps, so nothing is sorted.
+    std::unique_ptr<Sql::Statement> m_blockQuery;
+    std::unique_ptr<Sql::Statement> m_rowQuery;
     mutable QHash<int, QList<QString>> m_blocks;
     mutable QList<int> m_recent; // block indexes, least recently used first
 };

@@ -15,9 +15,28 @@ const QString Columns = QStringLiteral("code, descr, packqty, defqty, price, pri
 // Prepared on first use and kept for the repository's life.
 struct ItemRepository::Statements {
     explicit Statements(const QSqlDatabase& db)
-        : count(db), position(db), first(db), last(db), next(db), previous(db), find(db), byDescription(db), exists(db),
-          byGtin(db), insert(db), update(db) {}
-    QSqlQuery count, position, first, last, next, previous, find, byDescription, exists, byGtin, insert, update;
+        : count(db, QStringLiteral("SELECT COUNT(*) FROM items")),
+          position(db, QStringLiteral("SELECT COUNT(*) FROM items WHERE code < ?")),
+          first(db, QStringLiteral("SELECT %1 FROM items ORDER BY code LIMIT 1").arg(Columns)),
+          last(db, QStringLiteral("SELECT %1 FROM items ORDER BY code DESC LIMIT 1").arg(Columns)),
+          next(db, QStringLiteral("SELECT %1 FROM items WHERE code > ? ORDER BY code LIMIT 1").arg(Columns)),
+          previous(db, QStringLiteral("SELECT %1 FROM items WHERE code < ? ORDER BY code DESC LIMIT 1").arg(Columns)),
+          find(db, QStringLiteral("SELECT %1 FROM items WHERE code = ?").arg(Columns)),
+          // Exactly the text chosen: descriptions differing only in case are different descriptions.
+          byDescription(db, QStringLiteral("SELECT %1 FROM items WHERE %2 = ? ORDER BY code LIMIT 1")
+                                .arg(Columns, Dialects::exactly(db, QStringLiteral("descr")))),
+          exists(db, QStringLiteral("SELECT 1 FROM items WHERE code = ?")),
+          byGtin(db, QStringLiteral("SELECT %1 FROM items WHERE gtin = ?").arg(Columns)),
+          insert(db, QStringLiteral("INSERT INTO items (%1) VALUES (?, ?, ?, ?, ?, ?, ?, ?)").arg(Columns)),
+          // Only the row as it was read is overwritten: another workstation's change in between
+          // is never lost unseen.
+          update(db, QStringLiteral("UPDATE items SET descr = ?, packqty = ?, defqty = ?, price = ?, priceexp = ?, "
+                                    "gtin = ?, unitcode = ? WHERE code = ?") +
+                         Dialects::unchanged(db, {Dialects::exactly(db, QStringLiteral("descr")),
+                                                  QStringLiteral("packqty"), QStringLiteral("defqty"),
+                                                  QStringLiteral("price"), QStringLiteral("priceexp"),
+                                                  QStringLiteral("gtin"), QStringLiteral("unitcode")})) {}
+    Sql::Statement count, position, first, last, next, previous, find, byDescription, exists, byGtin, insert, update;
 };
 
 ItemRepository::ItemRepository(QSqlDatabase db)
@@ -25,28 +44,7 @@ ItemRepository::ItemRepository(QSqlDatabase db)
 
 ItemRepository::~ItemRepository() = default;
 
-QSqlQuery& ItemRepository::prepared(QSqlQuery& query, const QString& sql, Status& status) {
-    if (query.lastQuery().isEmpty()) {
-        query.setForwardOnly(true);
-        if (!query.prepare(sql)) {
-            Sql::logFailure(query.lastError(), sql);
-            status = Status::fail(Sql::describe(query.lastError()));
-        }
-    }
-    return query;
-}
-
 namespace {
-
-Status runWith(QSqlQuery& query, const QVariantList& values) {
-    for (int i = 0; i < values.size(); ++i)
-        query.bindValue(i, values.at(i));
-    if (!query.exec()) {
-        Sql::logFailure(query.lastError(), query.lastQuery());
-        return Status::fail(Sql::describe(query.lastError()));
-    }
-    return Status::ok();
-}
 
 Item itemFrom(const QSqlQuery& query) {
     Item item;
@@ -72,11 +70,22 @@ QVariantList valuesOf(const Item& item) {
             Sql::textOrNull(item.unit)};
 }
 
+// The first column of the statement's one row, 0 when there is none.
+Result<int> countOf(Sql::Statement& statement, const QVariantList& values) {
+    if (const Status ran = statement.exec(values); !ran)
+        return ran;
+    QSqlQuery& q = statement.query();
+    const int n = q.next() ? q.value(0).toInt() : 0;
+    q.finish();
+    return n;
+}
+
 } // namespace
 
-Result<std::optional<Item>> ItemRepository::fetchOne(QSqlQuery& query, const QVariantList& values) {
-    if (const Status ran = runWith(query, values); !ran)
+Result<std::optional<Item>> ItemRepository::fetchOne(Sql::Statement& statement, const QVariantList& values) {
+    if (const Status ran = statement.exec(values); !ran)
         return ran;
+    QSqlQuery& query = statement.query();
     std::optional<Item> item;
     if (query.next())
         item = itemFrom(query);
@@ -85,145 +94,65 @@ Result<std::optional<Item>> ItemRepository::fetchOne(QSqlQuery& query, const QVa
 }
 
 Result<int> ItemRepository::count() {
-    Status status;
-    QSqlQuery& q = prepared(m_statements->count, QStringLiteral("SELECT COUNT(*) FROM items"), status);
-    if (!status)
-        return status;
-    if (const Status ran = runWith(q, {}); !ran)
-        return ran;
-    const int n = q.next() ? q.value(0).toInt() : 0;
-    q.finish();
-    return n;
+    return countOf(m_statements->count, {});
 }
 
 Result<int> ItemRepository::positionOf(const QString& code) {
-    Status status;
-    QSqlQuery& q =
-        prepared(m_statements->position, QStringLiteral("SELECT COUNT(*) FROM items WHERE code < ?"), status);
-    if (!status)
-        return status;
-    if (const Status ran = runWith(q, {code}); !ran)
-        return ran;
-    const int before = q.next() ? q.value(0).toInt() : 0;
-    q.finish();
-    return before + 1;
+    const auto before = countOf(m_statements->position, {code});
+    if (!before)
+        return before.status();
+    return *before + 1;
 }
 
 Result<std::optional<Item>> ItemRepository::first() {
-    Status status;
-    QSqlQuery& q = prepared(m_statements->first,
-                            QStringLiteral("SELECT %1 FROM items ORDER BY code LIMIT 1").arg(Columns), status);
-    if (!status)
-        return status;
-    return fetchOne(q, {});
+    return fetchOne(m_statements->first, {});
 }
 
 Result<std::optional<Item>> ItemRepository::last() {
-    Status status;
-    QSqlQuery& q = prepared(m_statements->last,
-                            QStringLiteral("SELECT %1 FROM items ORDER BY code DESC LIMIT 1").arg(Columns), status);
-    if (!status)
-        return status;
-    return fetchOne(q, {});
+    return fetchOne(m_statements->last, {});
 }
 
 Result<std::optional<Item>> ItemRepository::next(const QString& afterCode) {
-    Status status;
-    QSqlQuery& q =
-        prepared(m_statements->next,
-                 QStringLiteral("SELECT %1 FROM items WHERE code > ? ORDER BY code LIMIT 1").arg(Columns), status);
-    if (!status)
-        return status;
-    return fetchOne(q, {afterCode});
+    return fetchOne(m_statements->next, {afterCode});
 }
 
 Result<std::optional<Item>> ItemRepository::previous(const QString& beforeCode) {
-    Status status;
-    QSqlQuery& q =
-        prepared(m_statements->previous,
-                 QStringLiteral("SELECT %1 FROM items WHERE code < ? ORDER BY code DESC LIMIT 1").arg(Columns), status);
-    if (!status)
-        return status;
-    return fetchOne(q, {beforeCode});
+    return fetchOne(m_statements->previous, {beforeCode});
 }
 
 Result<std::optional<Item>> ItemRepository::find(const QString& code) {
-    Status status;
-    QSqlQuery& q =
-        prepared(m_statements->find, QStringLiteral("SELECT %1 FROM items WHERE code = ?").arg(Columns), status);
-    if (!status)
-        return status;
-    return fetchOne(q, {code});
+    return fetchOne(m_statements->find, {code});
 }
 
 Result<std::optional<Item>> ItemRepository::findByDescription(const QString& description) {
-    Status status;
-    // Exactly the text chosen: descriptions differing only in case are different descriptions.
-    QSqlQuery& q = prepared(m_statements->byDescription,
-                            QStringLiteral("SELECT %1 FROM items WHERE %2 = ? ORDER BY code LIMIT 1")
-                                .arg(Columns, Dialects::exactly(m_db, QStringLiteral("descr"))),
-                            status);
-    if (!status)
-        return status;
-    return fetchOne(q, {description});
+    return fetchOne(m_statements->byDescription, {description});
 }
 
 Result<bool> ItemRepository::exists(const QString& code) {
-    Status status;
-    QSqlQuery& q = prepared(m_statements->exists, QStringLiteral("SELECT 1 FROM items WHERE code = ?"), status);
-    if (!status)
-        return status;
-    if (const Status ran = runWith(q, {code}); !ran)
-        return ran;
-    const bool found = q.next();
-    q.finish();
-    return found;
+    const auto found = countOf(m_statements->exists, {code});
+    if (!found)
+        return found.status();
+    return *found > 0;
 }
 
 Result<std::optional<Item>> ItemRepository::findByGtin(const QString& gtin) {
-    Status status;
-    QSqlQuery& q =
-        prepared(m_statements->byGtin, QStringLiteral("SELECT %1 FROM items WHERE gtin = ?").arg(Columns), status);
-    if (!status)
-        return status;
-    return fetchOne(q, {gtin});
+    return fetchOne(m_statements->byGtin, {gtin});
 }
 
 Status ItemRepository::insert(const Item& item) {
-    Status status;
-    QSqlQuery& q = prepared(m_statements->insert,
-                            QStringLiteral("INSERT INTO items (%1) VALUES (?, ?, ?, ?, ?, ?, ?, ?)").arg(Columns), status);
-    if (!status)
-        return status;
-    return runWith(q, valuesOf(item));
+    return m_statements->insert.exec(valuesOf(item));
 }
 
 Status ItemRepository::update(const Item& item, const Item& asRead, bool* changedElsewhere) {
-    Status status;
-    const QStringList compared = {Dialects::exactly(m_db, QStringLiteral("descr")),
-                                  QStringLiteral("packqty"),
-                                  QStringLiteral("defqty"),
-                                  QStringLiteral("price"),
-                                  QStringLiteral("priceexp"),
-                                  QStringLiteral("gtin"),
-                                  QStringLiteral("unitcode")};
-    // Only the row as it was read is overwritten: another workstation's change in between is
-    // never lost unseen.
-    QSqlQuery& q = prepared(m_statements->update,
-                            QStringLiteral("UPDATE items SET descr = ?, packqty = ?, defqty = ?, price = ?, "
-                                           "priceexp = ?, gtin = ?, unitcode = ? WHERE code = ?") +
-                                Dialects::unchanged(m_db, compared),
-                            status);
-    if (!status)
-        return status;
+    Sql::Statement& q = m_statements->update;
     QVariantList values = valuesOf(item);
     values.append(values.takeFirst());
     QVariantList before = valuesOf(asRead);
     before.removeFirst();
     values += before;
-    if (const Status ran = runWith(q, values); !ran)
+    if (const Status ran = q.exec(values); !ran)
         return ran;
-    if (q.numRowsAffected() == 1)
+    if (q.query().numRowsAffected() == 1)
         return Status::ok();
     const auto stillThere = exists(item.code);
     if (!stillThere)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Money.h"
+#include "common/Sql.h"
 #include "common/Status.h"
 
 #include <QDate>
@@ -62,8 +63,7 @@ public:
 
 private:
     struct Statements;
-    Result<std::optional<Item>> fetchOne(QSqlQuery& query, const QVariantList& values);
-    QSqlQuery& prepared(QSqlQuery& query, const QString& sql, Status& status);
+    Result<std::optional<Item>> fetchOne(Sql::Statement& statement, const QVariantList& values);
 
     QSqlDatabase m_db;
     std::unique_ptr<Statements> m_statements;

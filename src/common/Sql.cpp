@@ -216,6 +216,10 @@ Statement::Statement(QSqlDatabase db, QString sql) : m_sql(std::move(sql)), m_qu
 }
 
 Status Statement::exec(std::initializer_list<QVariant> values) {
+    return exec(QVariantList(values));
+}
+
+Status Statement::exec(const QVariantList& values) {
     m_error = QSqlError();
     if (!m_prepared) {
         m_prepared = m_query.prepare(m_sql);

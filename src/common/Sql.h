@@ -67,6 +67,7 @@ public:
 
     // Binds `values` in order and runs the statement. Rows, if any, are read from query().
     Status exec(std::initializer_list<QVariant> values = {});
+    Status exec(const QVariantList& values);
     QSqlQuery& query() { return m_query; }
     // Why the last run failed (None when it worked).
     Refusal refusal() const { return classify(m_error); }

@@ -12,20 +12,14 @@ const QString SelectItems = QStringLiteral("SELECT code, descr, packqty, defqty,
 }
 
 ItemCatalogue::ItemCatalogue(QSqlDatabase db)
-    : m_db(std::move(db)), m_byCode(m_db), m_byDescription(m_db), m_byGtin(m_db), m_any(m_db) {
-    m_byCode.setForwardOnly(true);
-    m_byCode.prepare(SelectItems + QStringLiteral("WHERE code = ?"));
-    m_byDescription.setForwardOnly(true);
-    m_byDescription.prepare(SelectItems + QStringLiteral("WHERE descr = ? ORDER BY code LIMIT 1"));
-    m_byGtin.setForwardOnly(true);
-    m_byGtin.prepare(SelectItems + QStringLiteral("WHERE gtin = ?"));
-    m_any.setForwardOnly(true);
-    m_any.prepare(QStringLiteral("SELECT 1 FROM items LIMIT 1"));
-}
+    : m_db(std::move(db)), m_byCode(m_db, SelectItems + QStringLiteral("WHERE code = ?")),
+      m_byDescription(m_db, SelectItems + QStringLiteral("WHERE descr = ? ORDER BY code LIMIT 1")),
+      m_byGtin(m_db, SelectItems + QStringLiteral("WHERE gtin = ?")),
+      m_any(m_db, QStringLiteral("SELECT 1 FROM items LIMIT 1")) {}
 
-std::optional<CatalogueItem> ItemCatalogue::first(QSqlQuery& query, const QString& value) {
-    query.bindValue(0, value);
-    if (!query.exec() || !query.next()) {
+std::optional<CatalogueItem> ItemCatalogue::first(Sql::Statement& statement, const QString& value) {
+    QSqlQuery& query = statement.query();
+    if (!statement.exec({value}) || !query.next()) {
         query.finish();
         return std::nullopt;
     }
@@ -52,8 +46,8 @@ std::optional<CatalogueItem> ItemCatalogue::findByGtin(const QString& gtin) {
 }
 
 bool ItemCatalogue::isEmpty() {
-    const bool any = m_any.exec() && m_any.next();
-    m_any.finish();
+    const bool any = m_any.exec() && m_any.query().next();
+    m_any.query().finish();
     return !any;
 }
 

@@ -5,6 +5,8 @@
 
 #include <QDate>
 #include <QSqlDatabase>
+#include "common/Sql.h"
+
 #include <QSqlQuery>
 #include <QString>
 #include <optional>
@@ -41,13 +43,13 @@ public:
     static QDate unknownItemExpiry() { return QDate(2010, 12, 31); }
 
 private:
-    std::optional<CatalogueItem> first(QSqlQuery& query, const QString& value);
+    std::optional<CatalogueItem> first(Sql::Statement& statement, const QString& value);
 
     QSqlDatabase m_db;
-    QSqlQuery m_byCode;
-    QSqlQuery m_byDescription;
-    QSqlQuery m_byGtin;
-    QSqlQuery m_any;
+    Sql::Statement m_byCode;
+    Sql::Statement m_byDescription;
+    Sql::Statement m_byGtin;
+    Sql::Statement m_any;
 };
 
 } // namespace ordwell

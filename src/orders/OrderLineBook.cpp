@@ -11,20 +11,16 @@ namespace ordwell {
 namespace {
 // The date a line not yet received carries.
 const QDate NotReceived(1980, 7, 4);
-
-Status failed(const QSqlQuery& query) {
-    return Status::fail(Sql::describe(query.lastError()));
-}
 } // namespace
 
-OrderLineBook::OrderLineBook(QSqlDatabase db) : m_db(std::move(db)), m_insert(m_db), m_update(m_db), m_header(m_db) {
-    m_insert.prepare(QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, recvdate, status, qty, "
-                                    "price, lineval, recvqty) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 0)"));
-    m_update.prepare(
-        QStringLiteral("UPDATE orderline SET qty = ?, status = ?, lineval = ? WHERE orderid = ? AND line = ?"));
-    m_header.prepare(QStringLiteral(
-        "UPDATE orderhead SET totalval = ?, name = ?, reference = ?, note1 = ?, note2 = ? WHERE orderid = ?"));
-}
+OrderLineBook::OrderLineBook(QSqlDatabase db)
+    : m_db(std::move(db)),
+      m_insert(m_db, QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, recvdate, status, qty, "
+                                    "price, lineval, recvqty) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 0)")),
+      m_update(m_db,
+               QStringLiteral("UPDATE orderline SET qty = ?, status = ?, lineval = ? WHERE orderid = ? AND line = ?")),
+      m_header(m_db, QStringLiteral("UPDATE orderhead SET totalval = ?, name = ?, reference = ?, note1 = ?, "
+                                    "note2 = ? WHERE orderid = ?")) {}
 
 Result<QList<OrderLine>> OrderLineBook::open(const QString& orderId) {
     close();
@@ -75,13 +71,9 @@ const OrderLine* OrderLineBook::findByCode(const QString& code) const {
 }
 
 Status OrderLineBook::saveHeader(const OrderHeaderFields& header) {
-    m_header.bindValue(0, header.total.roundedToPence().tenThousandths());
-    m_header.bindValue(1, Sql::textOrNull(header.name));
-    m_header.bindValue(2, Sql::textOrNull(header.reference));
-    m_header.bindValue(3, Sql::textOrNull(header.note1));
-    m_header.bindValue(4, Sql::textOrNull(header.note2));
-    m_header.bindValue(5, header.orderId);
-    return m_header.exec() ? Status::ok() : failed(m_header);
+    return m_header.exec({header.total.roundedToPence().tenThousandths(), Sql::textOrNull(header.name),
+                          Sql::textOrNull(header.reference), Sql::textOrNull(header.note1),
+                          Sql::textOrNull(header.note2), header.orderId});
 }
 
 Result<LineChange> OrderLineBook::record(const QString& code, const QString& descr, int packQty, qint64 qty,
@@ -112,10 +104,8 @@ Result<LineChange> OrderLineBook::record(const QString& code, const QString& des
                                   line.qty,
                                   price.tenThousandths(),
                                   line.lineval.tenThousandths()};
-        for (int i = 0; i < values.size(); ++i)
-            m_insert.bindValue(i, values.at(i));
-        if (!m_insert.exec())
-            return failed(m_insert);
+        if (Status inserted = m_insert.exec(values); !inserted)
+            return inserted;
         total = (total + line.lineval).roundedToPence();
         change.line = line;
         change.appended = true;
@@ -134,13 +124,9 @@ Result<LineChange> OrderLineBook::record(const QString& code, const QString& des
         }
         line.descr = descr;
         line.packQty = packQty;
-        m_update.bindValue(0, line.qty);
-        m_update.bindValue(1, line.status);
-        m_update.bindValue(2, line.lineval.tenThousandths());
-        m_update.bindValue(3, m_orderId);
-        m_update.bindValue(4, line.line);
-        if (!m_update.exec())
-            return failed(m_update);
+        if (Status updated = m_update.exec({line.qty, line.status, line.lineval.tenThousandths(), m_orderId, line.line});
+            !updated)
+            return updated;
         change.line = line;
     }
     header.total = total;

@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QList>
 #include <QSqlDatabase>
+#include "common/Sql.h"
+
 #include <QSqlQuery>
 #include <QString>
 
@@ -66,9 +68,9 @@ private:
     int m_nextLine = 1;
     QList<OrderLine> m_lines;
     QHash<QString, qsizetype> m_byCode;
-    QSqlQuery m_insert;
-    QSqlQuery m_update;
-    QSqlQuery m_header;
+    Sql::Statement m_insert;
+    Sql::Statement m_update;
+    Sql::Statement m_header;
 };
 
 } // namespace ordwell

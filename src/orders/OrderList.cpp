@@ -27,19 +27,15 @@ Status OrderList::open() {
         select + QStringLiteral("AND orderid > ? ORDER BY orderid LIMIT 1"),
         select + QStringLiteral("AND orderid < ? ORDER BY orderid DESC LIMIT 1"),
     };
-    for (int i = 0; i < 4; ++i) {
-        m_queries[i] = QSqlQuery(m_db);
-        m_queries[i].setForwardOnly(true);
-        if (!m_queries[i].prepare(texts[i]))
-            return Status::fail(Sql::describe(m_queries[i].lastError()));
-    }
+    for (int i = 0; i < 4; ++i)
+        m_queries[i] = std::make_unique<Sql::Statement>(m_db, texts[i]);
     m_open = true;
     return m_count > 0 ? first() : Status::ok();
 }
 
 void OrderList::close() {
-    for (QSqlQuery& q : m_queries)
-        q = QSqlQuery();
+    for (auto& statement : m_queries)
+        statement.reset();
     m_open = false;
     m_position = 0;
     m_letterIndex = -1;
@@ -47,12 +43,11 @@ void OrderList::close() {
 }
 
 Result<std::optional<OrderHeadRow>> OrderList::lookUp(Step step, const QString& letter, const QString& orderId) {
-    QSqlQuery& q = m_queries[static_cast<int>(step)];
-    q.bindValue(0, letter);
-    if (step == Step::After || step == Step::Before)
-        q.bindValue(1, orderId);
-    if (!q.exec())
-        return Status::fail(Sql::describe(q.lastError()));
+    Sql::Statement& statement = *m_queries[static_cast<int>(step)];
+    const bool relative = step == Step::After || step == Step::Before;
+    if (Status ran = relative ? statement.exec({letter, orderId}) : statement.exec({letter}); !ran)
+        return ran;
+    QSqlQuery& q = statement.query();
     std::optional<OrderHeadRow> row;
     if (q.next())
         row = OrderHeadRow::fromQuery(q);

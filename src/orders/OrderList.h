@@ -6,7 +6,10 @@
 
 #include <QList>
 #include <QSqlDatabase>
+#include "common/Sql.h"
+
 #include <QSqlQuery>
+#include <memory>
 #include <QString>
 #include <QStringList>
 
@@ -50,7 +53,7 @@ private:
     OrderListKey m_key;
     QStringList m_letters;
     QList<int> m_letterCounts;
-    QSqlQuery m_queries[4];
+    std::unique_ptr<Sql::Statement> m_queries[4]; // first, last, after, before; prepared on first use
     bool m_open = false;
     int m_count = 0;
     int m_position = 0;

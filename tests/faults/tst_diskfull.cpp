@@ -92,6 +92,7 @@ private slots:
         const QString total = s.header(7)->text();
 
         QVERIFY(temp.disk().fill());
+        expectFullDiskWarnings(1);
         s.scan(QStringLiteral("C3"), QStringLiteral("5"));
         QCOMPARE(s.prompter().messages.size(), 1);
         const test::ShownMessage failed = s.prompter().messages.first();

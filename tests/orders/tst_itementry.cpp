@@ -11,7 +11,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 #include <QWindow>
@@ -29,7 +28,6 @@ private slots:
     void queuedScansLandInTheirBoxes();
     void scanProblemsAreToldNotMadeIntoItems();
     void vendorSessionOpensTheFormLive();
-    void screenshots();
 };
 
 void TestItemEntry::findByDescription_data() {
@@ -219,57 +217,6 @@ void TestItemEntry::vendorSessionOpensTheFormLive() {
     QCOMPARE(s.ctx().OpenWindowCount, 1);
     QVERIFY(!s.window().menuEntry(QStringLiteral("mnuNewOrd"))->isEnabled());
     delete form->parentWidget();
-}
-
-void TestItemEntry::screenshots() {
-    // Photographs of the form as the user sees it: run under xvfb-run with the xcb platform.
-    const QString out = qEnvironmentVariable("ORDWELL_SCREENSHOT_DIR");
-    if (out.isEmpty())
-        QSKIP("set ORDWELL_SCREENSHOT_DIR (and QT_QPA_PLATFORM=xcb under xvfb-run) to photograph the form");
-    auto shoot = [&out](const QString& name) {
-        QTest::qWait(400);
-        const QString path = out + QLatin1Char('/') + name;
-        QFile::remove(path);
-        QCOMPARE(QProcess::execute(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"), path}),
-                 0);
-        QVERIFY(QFile::exists(path));
-    };
-    OrderSession s;
-    const char* items[][3] = {
-        {"PA480", "Copier paper A4 80gsm, box of 5 reams", "18.95"},
-        {"EN0DL", "Envelopes DL white, box of 500", "12.40"},
-        {"PB100", "Ballpoint pens blue, box of 50", "6.75"},
-        {"ST026", "Staples 26/6, box of 5000", "1.85"},
-        {"FL2RA", "Lever arch files A4, pack of 10", "21.30"},
-        {"TN305", "Toner cartridge black", "64.99"},
-        {"PI100", "Sticky notes 76x76mm, pack of 12", "7.20"},
-        {"HL4CL", "Highlighters assorted, wallet of 4", "3.15"},
-        {"LB21L", "Address labels 21 per sheet, 100 sheets", "15.60"},
-        {"CL25M", "Paper clips 25mm, box of 1000", "2.45"},
-        {"WB2MK", "Whiteboard markers, pack of 4", "4.80"},
-        {"NB5AR", "Notebooks A5 ruled, pack of 5", "9.95"},
-    };
-    for (const auto& item : items)
-        s.addItem(QLatin1String(item[0]), QLatin1String(item[1]), QLatin1String(item[2]), 1, 2);
-    s.window().resize(1280, 760);
-    s.window().move(0, 0);
-    s.window().ShowStatus(QStringLiteral("Acme Ltd"));
-    OrderForm* form = s.open();
-    QVERIFY(form);
-    QTest::keyClicks(s.header(2), QStringLiteral("Jo Marsh"));
-    QTest::keyClick(s.header(2), Qt::Key_Return);
-    QTest::keyClicks(s.header(3), QStringLiteral("Spring restock"));
-    QTest::keyClick(s.header(3), Qt::Key_Return);
-    QTest::keyClicks(s.header(4), QStringLiteral("Deliver to the back office, ring ahead"));
-    shoot(QStringLiteral("frmorder-header-entry.png"));
-    s.startOrder();
-    int n = 0;
-    for (const auto& item : items)
-        s.scan(QLatin1String(item[0]), QString::number(1 + (n++ * 5) % 7));
-    QCOMPARE(s.lines(QStringLiteral("ABC1000000")).size(), 12);
-    s.entry(0)->setText(QStringLiteral("PA480"));
-    QTest::keyClick(s.entry(0), Qt::Key_Return);
-    shoot(QStringLiteral("frmorder-line-entry.png"));
 }
 
 QTEST_MAIN(TestItemEntry)

@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QProcess>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -302,60 +301,6 @@ private slots:
         receive("6");
         QCOMPARE(s.orderStatus(QStringLiteral("ABC0000001")), OrderStatus::Received);
         QCOMPARE(s.value(QStringLiteral("SELECT recvqty FROM orderline WHERE line = 1")).toInt(), 10);
-    }
-
-    // Photographs of browsing a list, a printed order's preview and receiving: run under
-    // xvfb-run with the xcb platform and ORDWELL_SCREENSHOT_DIR set.
-    void screenshots() {
-        const QString out = qEnvironmentVariable("ORDWELL_SCREENSHOT_DIR");
-        if (out.isEmpty())
-            QSKIP("set ORDWELL_SCREENSHOT_DIR (and QT_QPA_PLATFORM=xcb under xvfb-run) to photograph the form");
-        auto shoot = [&out](const QString& name) {
-            QTest::qWait(400);
-            const QString path = out + QLatin1Char('/') + name;
-            QFile::remove(path);
-            QCOMPARE(
-                QProcess::execute(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"), path}),
-                0);
-            QVERIFY(QFile::exists(path));
-        };
-        OrderSession s;
-        QVERIFY(ShippedReports::installMissing(s.ctx().dataDir()).isEmpty());
-        Sql::run(s.db(), QStringLiteral("UPDATE vendor SET ordform = ?"),
-                 {s.ctx().dataFile(QStringLiteral("ordform.rpt"))});
-        s.addItem(QStringLiteral("A1"), QStringLiteral("Copier paper A4 80gsm, box of 5 reams"),
-                  QStringLiteral("18.95"));
-        s.addItem(QStringLiteral("A2"), QStringLiteral("Envelopes DL white, box of 500"), QStringLiteral("12.40"));
-        s.addItem(QStringLiteral("A3"), QStringLiteral("Toner cartridge black"), QStringLiteral("64.99"));
-        for (int i = 1; i <= 3; ++i) {
-            const QString id = QStringLiteral("ABC000000%1").arg(i);
-            addOrder(s, id, i == 3 ? OrderStatus::Exported : OrderStatus::Entered, QStringLiteral("45.00"));
-            addLine(s, id, 1, QStringLiteral("A1"), 10, i == 3 ? OrderStatus::Exported : OrderStatus::Entered);
-            addLine(s, id, 2, QStringLiteral("A2"), 4, i == 3 ? OrderStatus::Exported : OrderStatus::Entered);
-            addLine(s, id, 3, QStringLiteral("A3"), 2, i == 3 ? OrderStatus::Exported : OrderStatus::Entered);
-        }
-        s.window().resize(1280, 760);
-        s.window().move(0, 0);
-        s.window().ShowStatus(QStringLiteral("Acme Ltd"));
-        OrderForm* form = s.open(QStringLiteral("mnuprtord"));
-        QVERIFY(form);
-        s.click(form->ui().cmdnavbutton[3]);
-        shoot(QStringLiteral("frmorder-print-list.png"));
-        s.click(form->ui().cmdnavbutton[2]);
-        s.prompter().expect(QStringLiteral("Are you sure you want to print this order?"), MessageAnswer::Yes);
-        s.click(form->ui().cmdbutton[MainButton::PrintOrder]);
-        QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order Printed"));
-        shoot(QStringLiteral("frmprintreport-order.png"));
-        for (QMdiSubWindow* sub : s.window().mdiArea()->subWindowList())
-            if (!sub->findChild<OrderForm*>())
-                sub->close();
-        s.click(form->ui().cmdbutton[MainButton::ReceiveOrder]);
-        s.click(form->ui().cmdnavbutton[2]);
-        s.chooseRow(1);
-        QTest::keyClicks(form->ui().txtrcvqty, QStringLiteral("4"));
-        QTest::keyClick(form->ui().txtrcvqty, Qt::Key_Return);
-        s.chooseRow(2);
-        shoot(QStringLiteral("frmorder-receiving.png"));
     }
 
     // "Receive All" on a part-received order closes it without a message; an order whose

@@ -109,11 +109,11 @@ private slots:
         ItemRepository items(*vendor);
         for (const char* code : {"c3", "A1", "B2"}) {
             Item item{QString::fromLatin1(code), QStringLiteral("O'Hara's"), 1,        1,
-                      Money::fromPence(125),     QDate(2030, 1, 1),          QString()};
+                      Money::fromPence(125),     QDate(2030, 1, 1),          QString(), QString()};
             QVERIFY(items.insert(item));
         }
         Item gtin{QStringLiteral("D4"), QStringLiteral("Dates"),         1, 1, Money::fromPence(99),
-                  QDate(2030, 1, 1),    QStringLiteral("05012345670003")};
+                  QDate(2030, 1, 1),    QStringLiteral("05012345670003"), QStringLiteral("KGM")};
         QVERIFY(items.insert(gtin));
         gtin.code = QStringLiteral("E5");
         QVERIFY(!items.insert(gtin));
