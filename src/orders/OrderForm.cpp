@@ -330,15 +330,7 @@ void OrderForm::ResetToIdle() {
     ClearLineGrid();
     for (QLineEdit* box : m_ui.txtitem)
         box->clear();
-    LockHeader(true);
-    LockEntryRow(true);
-    ShowStartOrder(false);
-    ShowEditOrder(false);
-    ShowCancelOrder(false);
-    ShowEntryRow(false);
-    ShowNavigationBar(false);
-    ShowReceiveControls(false);
-    SetGridTabStop(false);
+    applyScreen(Screen::Idle);
     focusOn(m_ui.cmdbutton[MainButton::NewOrder]);
 }
 

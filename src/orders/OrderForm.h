@@ -55,6 +55,10 @@ public:
     void ReleaseShownOrder();
     void ExitOrderForm();
 
+    // The form's named screens, each applied from one table: what is shown, locked and enabled.
+    enum class Screen { Idle, Browsing, ShownForAction, TakenUp, Recovered, Receiving };
+    void applyScreen(Screen screen);
+
     // Screen-state routines: each sets exactly what it names.
     void ShowNavigationBar(bool on);
     void ShowEntryRow(bool on);

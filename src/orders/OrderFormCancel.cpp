@@ -39,19 +39,7 @@ void OrderForm::BeginLiveOrder() {
         OpenItems();
     if (!RulesLoaded)
         LoadBarcodeRules();
-    ShowNavigationBar(false);
-    ShowEntryRow(true);
-    ShowCancelOrder(true);
-    ShowReceiveControls(false);
-    ShowStartOrder(true);
-    ShowEditOrder(true);
-    LockHeader(true);
-    LockEntryRow(false);
-    SetGridTabStop(true);
-    EnableCancelOrder(true);
-    EnableStartOrder(false);
-    EnableEditOrder(true);
-    EnableMainButtons(true);
+    applyScreen(Screen::Recovered);
     RecoverLiveOrder();
     if (m_ui.txtheader[Header::OrderNumber]->text().isEmpty()) {
         // Nothing was left live after all: offer the idle form rather than entry into nothing.

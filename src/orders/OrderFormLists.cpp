@@ -18,16 +18,7 @@
 namespace ordwell {
 
 void OrderForm::ShowOrderForAction() {
-    ShowNavigationBar(false);
-    ShowEntryRow(false);
-    ShowCancelOrder(true);
-    ShowReceiveControls(false);
-    ShowStartOrder(false);
-    ShowEditOrder(false);
-    LockHeader(true);
-    LockEntryRow(true);
-    SetGridTabStop(false);
-    EnableCancelOrder(true);
+    applyScreen(Screen::ShownForAction);
 }
 
 
@@ -82,19 +73,7 @@ bool OrderForm::listIsEmpty() {
 }
 
 void OrderForm::showList() {
-    ShowNavigationBar(true);
-    ShowEntryRow(false);
-    ShowCancelOrder(false);
-    ShowReceiveControls(false);
-    ShowStartOrder(false);
-    ShowEditOrder(false);
-    LockHeader(true);
-    LockEntryRow(true);
-    SetGridTabStop(false);
-    EnableCancelOrder(false);
-    EnableStartOrder(false);
-    EnableEditOrder(false);
-    EnableMainButtons(false);
+    applyScreen(Screen::Browsing);
     showCurrentOrder();
     UpdateNavigation();
     ClearLineGrid();
@@ -133,15 +112,7 @@ void OrderForm::beginChoosing() {
 // A live or entered order chosen from the load list is taken up for entry again.
 void OrderForm::takeUp() {
     const QString number = headerBox(Header::OrderNumber)->text();
-    ShowEntryRow(true);
-    ShowCancelOrder(true);
-    LockHeader(true);
-    LockEntryRow(false);
-    SetGridTabStop(true);
-    ShowStartOrder(true);
-    ShowEditOrder(true);
-    EnableStartOrder(false);
-    EnableEditOrder(true);
+    applyScreen(Screen::TakenUp);
     // Order and lines turn live together, so a crash cannot leave them apart.
     const Status done = OrderTransitions::moveOrder(vendorDb(), number, OrderStatus::Live, QDate::currentDate());
     if (!done)

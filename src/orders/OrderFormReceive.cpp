@@ -38,19 +38,7 @@ void OrderForm::LockReceiveBox(bool locked) {
 
 void OrderForm::StartReceiving() {
     m_ui.lblinfo->setText(QStringLiteral("Receiving order"));
-    EnableMainButtons(true);
-    ShowNavigationBar(false);
-    ShowEntryRow(true);
-    ShowFindItem(false);
-    ShowCancelOrder(false);
-    ShowReceiveControls(true);
-    ShowStartOrder(false);
-    ShowEditOrder(false);
-    LockHeader(true);
-    LockEntryRow(true);
-    SetGridTabStop(true);
-    EnableCancelOrder(true);
-    EnableStartOrder(false);
+    applyScreen(Screen::Receiving);
     LockReceiveBox(true);
     const Status started = Receiving::StartReceiving(vendorDb(), orderNumber());
     if (!started) {

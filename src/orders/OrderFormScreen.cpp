@@ -16,7 +16,52 @@ void enableWithTabStop(QWidget* widget, bool on) {
     widget->setEnabled(on);
     widget->setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
 }
+// One screen: for each routine, on (1), off (0) or left as it is (-1).
+struct ScreenRow {
+    OrderForm::Screen screen;
+    signed char navigation, entryRow, findItem, cancelShown, receive, startShown, editShown, headerLocked,
+        entryLocked, gridTabStop, cancelEnabled, startEnabled, editEnabled, mainButtons;
+};
+
+// clang-format off
+constexpr ScreenRow Screens[] = {
+    //                                nav ent fnd can rcv sta edi hdL enL grd enC enS enE main
+    {OrderForm::Screen::Idle,           0,  0, -1,  0,  0,  0,  0,  1,  1,  0, -1, -1, -1, -1},
+    {OrderForm::Screen::Browsing,       1,  0, -1,  0,  0,  0,  0,  1,  1,  0,  0,  0,  0,  0},
+    {OrderForm::Screen::ShownForAction, 0,  0, -1,  1,  0,  0,  0,  1,  1,  0,  1, -1, -1, -1},
+    {OrderForm::Screen::TakenUp,       -1,  1, -1,  1, -1,  1,  1,  1,  0,  1, -1,  0,  1, -1},
+    {OrderForm::Screen::Recovered,      0,  1, -1,  1,  0,  1,  1,  1,  0,  1,  1,  0,  1,  1},
+    {OrderForm::Screen::Receiving,      0,  1,  0,  0,  1,  0,  0,  1,  1,  1,  1,  0, -1,  1},
+};
+// clang-format on
+
 } // namespace
+
+void OrderForm::applyScreen(Screen screen) {
+    for (const ScreenRow& row : Screens) {
+        if (row.screen != screen)
+            continue;
+        const auto set = [this](signed char value, void (OrderForm::*routine)(bool)) {
+            if (value >= 0)
+                (this->*routine)(value == 1);
+        };
+        set(row.mainButtons, &OrderForm::EnableMainButtons);
+        set(row.navigation, &OrderForm::ShowNavigationBar);
+        set(row.entryRow, &OrderForm::ShowEntryRow);
+        set(row.findItem, &OrderForm::ShowFindItem);
+        set(row.cancelShown, &OrderForm::ShowCancelOrder);
+        set(row.receive, &OrderForm::ShowReceiveControls);
+        set(row.startShown, &OrderForm::ShowStartOrder);
+        set(row.editShown, &OrderForm::ShowEditOrder);
+        set(row.headerLocked, &OrderForm::LockHeader);
+        set(row.entryLocked, &OrderForm::LockEntryRow);
+        set(row.gridTabStop, &OrderForm::SetGridTabStop);
+        set(row.cancelEnabled, &OrderForm::EnableCancelOrder);
+        set(row.startEnabled, &OrderForm::EnableStartOrder);
+        set(row.editEnabled, &OrderForm::EnableEditOrder);
+        return;
+    }
+}
 
 void OrderForm::ShowNavigationBar(bool on) {
     for (QPushButton* b : m_ui.cmdnavbutton)
