@@ -1,6 +1,5 @@
 #include "common/FormHelpers.h"
 #include "common/RecordForm.h"
-#include "store/Schemas.h"
 #include "support/TestSupport.h"
 
 #include <QApplication>
@@ -116,12 +115,6 @@ private slots:
         QCOMPARE(value.has_value(), valid);
         if (valid)
             QCOMPARE(Fields::format(*value), shown);
-    }
-
-    void lengthsComeFromTheSchema() {
-        QCOMPARE(vendorSchema().columnLength(QStringLiteral("vendor"), QStringLiteral("customerid")), 12);
-        QCOMPARE(systemSchema().columnLength(QStringLiteral("vendors"), QStringLiteral("vendor")), 51);
-        QCOMPARE(systemSchema().columnLength(QStringLiteral("nosuch"), QStringLiteral("vendor")), 0);
     }
 
     // The first failure ends the run, except checks that always run.

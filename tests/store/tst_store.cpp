@@ -105,10 +105,6 @@ private slots:
             QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM Sysset")).value().toInt(), 0);
             QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM vendors")).value().toInt(), 0);
             QVERIFY(!Store::HasOrganisationDetails(*db));
-            const QSqlRecord fields = db->record(QStringLiteral("Sysset"));
-            QCOMPARE(fields.count(), 16);
-            QCOMPARE(fields.fieldName(0), QStringLiteral("location"));
-            QCOMPARE(fields.fieldName(10), QStringLiteral("email"));
             // A second creation over the existing file is refused and the file is kept.
             QVERIFY(!Store::CreateSystemDatabase(folders.dataDir()));
         } // the connection is closed only once nothing uses it
@@ -163,9 +159,6 @@ private slots:
                                          QStringLiteral("orderhead"), QStringLiteral("orderline")}) {
                 QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM ") + table).value().toInt(), 0);
             }
-            QCOMPARE(db->record(QStringLiteral("vendor")).count(), 21);
-            QCOMPARE(db->record(QStringLiteral("orderhead")).count(), 13);
-            QCOMPARE(db->record(QStringLiteral("orderline")).count(), 10);
 
             // Rule numbers come from a counter starting at 1.
             const QString rule =
