@@ -24,9 +24,9 @@ struct Options {
     QString backupFile;                                  // --backup: archive the data folder here, then end
     QString restoreFile;                                 // --restore: replace the data by this archive, then end
     QString emailOrder;                                  // --email-order: mail this order of --vendor, then end
-    QString exportPeppol;                                // --export-peppol: write this order of --vendor as XML, then end
-    QString peppolOutput;                                // --out: where that XML goes
-    QString copyToServer;                                // --copy-to-server: copy the data folder there, then end
+    QString exportPeppol; // --export-peppol: write this order of --vendor as XML, then end
+    QString peppolOutput; // --out: where that XML goes
+    QString copyToServer; // --copy-to-server: copy the data folder there, then end
     bool showHelp = false;
     bool showVersion = false;
     QString helpText;

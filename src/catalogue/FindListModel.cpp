@@ -26,8 +26,8 @@ Status FindListModel::open() {
     const QString ordered = Dialects::caseBlind(m_db, column);
     m_blockQuery = std::make_unique<Sql::Statement>(
         m_db, QStringLiteral("SELECT %1 FROM %2 ORDER BY %3 LIMIT ? OFFSET ?").arg(column, table, ordered));
-    m_rowQuery =
-        std::make_unique<Sql::Statement>(m_db, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 < ?").arg(table, ordered));
+    m_rowQuery = std::make_unique<Sql::Statement>(
+        m_db, QStringLiteral("SELECT count(*) FROM %1 WHERE %2 < ?").arg(table, ordered));
     beginResetModel();
     m_blocks.clear();
     m_recent.clear();

@@ -2,15 +2,15 @@
 
 #include "common/Status.h"
 
+#include "common/Sql.h"
 #include <QAbstractListModel>
 #include <QHash>
 #include <QList>
 #include <QSqlDatabase>
-#include "common/Sql.h"
 
 #include <QSqlQuery>
-#include <memory>
 #include <QString>
+#include <memory>
 #include <optional>
 
 namespace ordwell {

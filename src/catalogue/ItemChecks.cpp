@@ -12,7 +12,7 @@ namespace {
 const QString InvalidDateTitle = QStringLiteral("Invalid date");
 const QString ExpiredText = QStringLiteral("The price has already expired, please enter a date in the future");
 const QString BadUnitText = QStringLiteral("The unit must be empty (pieces) or a UN/ECE unit code of two or three "
-                                              "letters and digits, for example KGM for kilograms or BX for boxes.");
+                                           "letters and digits, for example KGM for kilograms or BX for boxes.");
 const QString BadGtinText = QStringLiteral("The GTIN must be the 8, 12, 13 or 14 digits of a product barcode with its "
                                            "check digit, or left empty");
 } // namespace

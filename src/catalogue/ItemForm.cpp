@@ -34,8 +34,7 @@ const std::array<ButtonSpec, ItemForm::ButtonCount> ItemButtonSpecs = {{
 }};
 
 const char* const Captions[ItemChecks::BoxCount] = {"Item Code", "Description",   "Pack Quantity", "Default Quantity",
-                                                    "Price",     "Price expires", "&GTIN",
-                                                    "&Unit"};
+                                                    "Price",     "Price expires", "&GTIN",         "&Unit"};
 
 const QString AddOrEditMask = QStringLiteral("0110000000");
 

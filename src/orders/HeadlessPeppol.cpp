@@ -41,7 +41,8 @@ int exportPeppolHeadless(const Options& options) {
             << Qt::endl;
         return Written;
     case OrderExport::Outcome::FileExists:
-        err << QStringLiteral("The file \"%1\" already exists: nothing was written.").arg(QDir::toNativeSeparators(path))
+        err << QStringLiteral("The file \"%1\" already exists: nothing was written.")
+                   .arg(QDir::toNativeSeparators(path))
             << Qt::endl;
         return Refused;
     case OrderExport::Outcome::Failed:

@@ -3,9 +3,9 @@
 #include "common/Money.h"
 #include "common/Status.h"
 
+#include "common/Sql.h"
 #include <QDate>
 #include <QSqlDatabase>
-#include "common/Sql.h"
 
 #include <QSqlQuery>
 #include <QString>

@@ -8,9 +8,9 @@
 #include "common/FormHelpers.h"
 #include "common/WaitCursor.h"
 #include "orders/OrderEmail.h"
-#include "orders/PeppolOrder.h"
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
+#include "orders/PeppolOrder.h"
 #include "store/OrderLeases.h"
 
 #include <QCheckBox>
@@ -293,8 +293,8 @@ void OrderForm::ExportShownOrderAsPeppol() {
     OrderExport::ExportResult result;
     {
         WaitCursor wait;
-        result = PeppolOrder::exportOrder(appContext().systemDb(), vendorDb(), appContext().CurrentVendorName, path,
-                                          number);
+        result =
+            PeppolOrder::exportOrder(appContext().systemDb(), vendorDb(), appContext().CurrentVendorName, path, number);
     }
     switch (result.outcome) {
     case OrderExport::Outcome::FileExists:

@@ -4,8 +4,8 @@
 #include "common/Money.h"
 #include "orders/BarcodeResolver.h"
 #include "orders/ItemCatalogue.h"
-#include "orders/OrderFormControls.h"
 #include "orders/OrderDesk.h"
+#include "orders/OrderFormControls.h"
 #include "orders/OrderLineBook.h"
 #include "orders/OrderRepository.h"
 

@@ -27,8 +27,7 @@ void OrderForm::cmdcancelord_Click() {
     CloseOrderLines();
     const Status cancelled = OrderCancellation::CancelOrder(vendorDb(), ui.txtheader[Header::OrderNumber]->text());
     if (!cancelled) {
-        reportFailure(QStringLiteral("The order could not be cancelled; it stays as it was."),
-                           cancelled.message());
+        reportFailure(QStringLiteral("The order could not be cancelled; it stays as it was."), cancelled.message());
         return;
     }
     ResetToIdle();

@@ -28,7 +28,7 @@ struct OrderFormControls {
     std::array<QLabel*, 5> lblitem{};
     QPushButton* cmdfinditem = nullptr;
     QPushButton* cmdrecv = nullptr;
-    QPushButton* cmdemail = nullptr; // "E-mail Order...": the shown order to the vendor by mail
+    QPushButton* cmdemail = nullptr;  // "E-mail Order...": the shown order to the vendor by mail
     QPushButton* cmdpeppol = nullptr; // "Export as Peppol Order...": the shown order as UBL XML
     QLineEdit* txtrcvqty = nullptr;
     QLabel* lblrcvqty = nullptr;

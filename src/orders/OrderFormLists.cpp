@@ -21,7 +21,6 @@ void OrderForm::ShowOrderForAction() {
     applyScreen(Screen::ShownForAction);
 }
 
-
 QLineEdit* OrderForm::headerBox(int index) {
     return m_ui.txtheader[index];
 }
@@ -66,7 +65,7 @@ bool OrderForm::listIsEmpty() {
     if (!m_desk.list->isEmpty())
         return false;
     appContext().prompter().message(OrderNavigation::noOrdersText(wordOf(Mode)), OrderNavigation::NoOrdersTitle,
-                                         MessageIcon::Information);
+                                    MessageIcon::Information);
     ResetToIdle();
     CloseOrderList();
     return true;
@@ -127,7 +126,7 @@ void OrderForm::showLoaded(const QString& status) {
     const bool printed = status == OrderStatus::Printed;
     headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
     m_ui.lblinfo->setText(printed ? QStringLiteral("Print or export this order")
-                                       : QStringLiteral("Export or receive this order"));
+                                  : QStringLiteral("Export or receive this order"));
     ShowOrderForAction();
     focusOn(m_ui.cmdbutton[printed ? MainButton::PrintOrder : MainButton::ExportOrder]);
 }
@@ -161,7 +160,6 @@ void OrderForm::chooseShownOrder() {
     }
     carryOut();
 }
-
 
 void OrderForm::BeginLoadOrder() {
     if (!OpenOrderList(OrderListKey::All) || listIsEmpty())
@@ -224,6 +222,5 @@ void OrderForm::cmdcancelld_Click() {
     EnableMainButtons(true);
     ResetToIdle();
 }
-
 
 } // namespace ordwell

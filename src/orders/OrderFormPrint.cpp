@@ -1,4 +1,4 @@
-// Printing the shown order on the vendor's order 
+// Printing the shown order on the vendor's order
 #include "orders/OrderForm.h"
 
 #include "app/AppContext.h"
@@ -10,7 +10,6 @@
 #include <QLineEdit>
 
 namespace ordwell {
-
 
 // The report is shown before the order is marked, so a missing or broken report file leaves
 // the order exactly as it was.
@@ -26,7 +25,6 @@ Status OrderForm::showAndMark(const QString& number) {
         return shown;
     return OrderPrinting::MarkPrinted(vendorDb(), number);
 }
-
 
 void OrderForm::PrintOrder() {
     OrderFormControls& ui = m_ui;

@@ -14,7 +14,6 @@
 
 namespace ordwell {
 
-
 QString OrderForm::orderNumber() {
     return m_ui.txtheader[Header::OrderNumber]->text();
 }
@@ -23,7 +22,6 @@ void OrderForm::clearEntryBoxes() {
     for (QLineEdit* box : m_ui.txtitem)
         box->clear();
 }
-
 
 void OrderForm::LockReceiveBox(bool locked) {
     QLineEdit* box = m_ui.txtrcvqty;
@@ -94,15 +92,15 @@ bool OrderForm::txtrcvqty_KeyPress(QKeyEvent* key) {
     case Receiving::Verdict::Ignore:
         break;
     case Receiving::Verdict::Book: {
-        const auto booked = Receiving::ReceiveLine(vendorDb(), orderNumber(), ui.txtitem[Entry::Code]->text(),
-                                                   judged.quantity);
+        const auto booked =
+            Receiving::ReceiveLine(vendorDb(), orderNumber(), ui.txtitem[Entry::Code]->text(), judged.quantity);
         if (!booked) {
             reportFailure(QStringLiteral("The receipt could not be stored."), booked.message());
             break;
         }
         const Receiving::ReceivedLine& line = booked.value();
         ShowLineRow(line.line, line.code, ui.txtitem[Entry::Description]->text(), line.outstanding(), line.price,
-                         ui.txtitem[Entry::Pack]->text().toInt(), line.status);
+                    ui.txtitem[Entry::Pack]->text().toInt(), line.status);
         clearEntryBoxes();
         LockReceiveBox(true);
         if (m_desk.booked(judged.quantity))

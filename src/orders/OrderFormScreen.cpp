@@ -19,8 +19,8 @@ void enableWithTabStop(QWidget* widget, bool on) {
 // One screen: for each routine, on (1), off (0) or left as it is (-1).
 struct ScreenRow {
     OrderForm::Screen screen;
-    signed char navigation, entryRow, findItem, cancelShown, receive, startShown, editShown, headerLocked,
-        entryLocked, gridTabStop, cancelEnabled, startEnabled, editEnabled, mainButtons;
+    signed char navigation, entryRow, findItem, cancelShown, receive, startShown, editShown, headerLocked, entryLocked,
+        gridTabStop, cancelEnabled, startEnabled, editEnabled, mainButtons;
 };
 
 // clang-format off

@@ -124,7 +124,8 @@ Result<LineChange> OrderLineBook::record(const QString& code, const QString& des
         }
         line.descr = descr;
         line.packQty = packQty;
-        if (Status updated = m_update.exec({line.qty, line.status, line.lineval.tenThousandths(), m_orderId, line.line});
+        if (Status updated =
+                m_update.exec({line.qty, line.status, line.lineval.tenThousandths(), m_orderId, line.line});
             !updated)
             return updated;
         change.line = line;

@@ -4,11 +4,11 @@
 #include "common/Status.h"
 #include "orders/OrderRepository.h"
 
+#include "common/Sql.h"
 #include <QDate>
 #include <QHash>
 #include <QList>
 #include <QSqlDatabase>
-#include "common/Sql.h"
 
 #include <QSqlQuery>
 #include <QString>

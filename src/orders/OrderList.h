@@ -4,14 +4,14 @@
 #include "OrderNavigation.h"
 #include "common/Status.h"
 
+#include "common/Sql.h"
 #include <QList>
 #include <QSqlDatabase>
-#include "common/Sql.h"
 
 #include <QSqlQuery>
-#include <memory>
 #include <QString>
 #include <QStringList>
+#include <memory>
 
 namespace ordwell {
 

@@ -68,11 +68,12 @@ Result<PartyDetails> vendorDetails(const QSqlDatabase& vendorDb, const QString& 
 }
 
 Status readLines(const QSqlDatabase& vendorDb, Order& order) {
-    auto query = Sql::exec(vendorDb,
-                           QStringLiteral("SELECT l.line, l.code, i.descr, l.qty, l.price, i.unitcode, i.gtin, i.priceexp "
-                                          "FROM orderline l LEFT JOIN items i ON i.code = l.code "
-                                          "WHERE l.orderid = ? AND l.status <> ? ORDER BY l.line"),
-                           {order.orderId, OrderStatus::Cancelled});
+    auto query =
+        Sql::exec(vendorDb,
+                  QStringLiteral("SELECT l.line, l.code, i.descr, l.qty, l.price, i.unitcode, i.gtin, i.priceexp "
+                                 "FROM orderline l LEFT JOIN items i ON i.code = l.code "
+                                 "WHERE l.orderid = ? AND l.status <> ? ORDER BY l.line"),
+                  {order.orderId, OrderStatus::Cancelled});
     if (!query)
         return query.status();
     QSqlQuery& q = query.value();
@@ -96,7 +97,8 @@ Status readLines(const QSqlDatabase& vendorDb, Order& order) {
             line.unit = DefaultUnit;
         line.gtin = q.value(6).toString();
         const QDate expires = Dates::dateFromStored(q.value(7).toString());
-        if (expires.isValid() && expires >= order.issueDate && (!order.validUntil.isValid() || expires < order.validUntil))
+        if (expires.isValid() && expires >= order.issueDate &&
+            (!order.validUntil.isValid() || expires < order.validUntil))
             order.validUntil = expires;
         order.total += line.amount;
         order.lines << line;
@@ -124,7 +126,8 @@ class Writer {
 public:
     explicit Writer(QByteArray* out) : m_xml(out) { m_xml.setAutoFormatting(true); }
 
-    void basic(const QString& name, const QString& value, const QString& attribute = {}, const QString& attrValue = {}) {
+    void basic(const QString& name, const QString& value, const QString& attribute = {},
+               const QString& attrValue = {}) {
         if (value.trimmed().isEmpty())
             return; // the format allows no empty elements
         m_xml.writeStartElement(CbcNs, name);

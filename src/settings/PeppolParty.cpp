@@ -10,8 +10,7 @@ namespace ordwell {
 
 namespace {
 
-const char* const Columns[PeppolRules::FieldCount] = {"peppolscheme", "peppolid", "legalname", "country",
-                                                        "currency"};
+const char* const Columns[PeppolRules::FieldCount] = {"peppolscheme", "peppolid", "legalname", "country", "currency"};
 
 int fieldCount(PeppolSide side) {
     return side == PeppolSide::Organisation ? PeppolRules::FieldCount : PeppolRules::Currency;
@@ -75,14 +74,14 @@ bool isGln(const QString& text) {
 
 bool isKnownScheme(const QString& scheme) {
     // The Electronic Address Scheme code list the network accepts for an endpoint.
-    static const QStringList known = QStringLiteral(
-                                         "0002 0007 0009 0060 0088 0096 0097 0106 0130 0135 0142 0151 0183 0184 0188 "
-                                         "0190 0191 0192 0195 0196 0198 0199 0200 0201 0204 0208 0209 0210 0211 0216 "
-                                         "0218 0221 0225 0230 0235 0240 0242 0244 0245 0246 0248 9910 9913 9914 9915 "
-                                         "9918 9919 9920 9922 9923 9924 9925 9926 9927 9928 9929 9930 9931 9932 9933 "
-                                         "9934 9935 9936 9937 9938 9939 9940 9941 9942 9943 9944 9945 9946 9947 9948 "
-                                         "9949 9950 9951 9952 9953 9957 9959")
-                                         .split(QLatin1Char(' '));
+    static const QStringList known =
+        QStringLiteral("0002 0007 0009 0060 0088 0096 0097 0106 0130 0135 0142 0151 0183 0184 0188 "
+                       "0190 0191 0192 0195 0196 0198 0199 0200 0201 0204 0208 0209 0210 0211 0216 "
+                       "0218 0221 0225 0230 0235 0240 0242 0244 0245 0246 0248 9910 9913 9914 9915 "
+                       "9918 9919 9920 9922 9923 9924 9925 9926 9927 9928 9929 9930 9931 9932 9933 "
+                       "9934 9935 9936 9937 9938 9939 9940 9941 9942 9943 9944 9945 9946 9947 9948 "
+                       "9949 9950 9951 9952 9953 9957 9959")
+            .split(QLatin1Char(' '));
     return known.contains(scheme);
 }
 
@@ -99,16 +98,14 @@ QList<Problem> problems(const PeppolParty& party, PeppolSide side) {
                              .arg(party.endpoint),
                          Endpoint};
     static const QRegularExpression twoLetters(QStringLiteral("^[A-Z]{2}$"));
-    if (!party.country.isEmpty() &&
-        (!twoLetters.match(party.country).hasMatch() ||
-         QLocale::codeToTerritory(party.country) == QLocale::AnyTerritory))
+    if (!party.country.isEmpty() && (!twoLetters.match(party.country).hasMatch() ||
+                                     QLocale::codeToTerritory(party.country) == QLocale::AnyTerritory))
         found << Problem{QStringLiteral("\"%1\" is not a country code: give the country's two letters, for example "
                                         "GB.")
                              .arg(party.country),
                          Country};
     static const QRegularExpression threeLetters(QStringLiteral("^[A-Z]{3}$"));
-    if (side == PeppolSide::Organisation && !party.currency.isEmpty() &&
-        !threeLetters.match(party.currency).hasMatch())
+    if (side == PeppolSide::Organisation && !party.currency.isEmpty() && !threeLetters.match(party.currency).hasMatch())
         found << Problem{QStringLiteral("\"%1\" is not a currency code: give the currency's three letters, for "
                                         "example GBP.")
                              .arg(party.currency),
@@ -161,8 +158,8 @@ Status save(const QSqlDatabase& db, PeppolSide side, const PeppolParty& party) {
         assignments << QString::fromLatin1(Columns[field]) + QStringLiteral(" = ?");
         values << Sql::textOrNull(value(party, field));
     }
-    auto ran = Sql::exec(db, QStringLiteral("UPDATE %1 SET %2").arg(table(side), assignments.join(QStringLiteral(", "))),
-                         values);
+    auto ran = Sql::exec(
+        db, QStringLiteral("UPDATE %1 SET %2").arg(table(side), assignments.join(QStringLiteral(", "))), values);
     if (!ran)
         return Status::fail(QStringLiteral("The %1's electronic ordering details could not be saved, so nothing was "
                                            "changed.\n%2")

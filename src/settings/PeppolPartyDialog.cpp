@@ -31,8 +31,8 @@ const BoxSpec Boxes[PeppolRules::FieldCount] = {
 
 } // namespace
 
-PeppolPartyDialog::PeppolPartyDialog(QSqlDatabase db, PeppolSide side, const QString& partyName,
-                                     Prompter& prompter, QWidget* parent)
+PeppolPartyDialog::PeppolPartyDialog(QSqlDatabase db, PeppolSide side, const QString& partyName, Prompter& prompter,
+                                     QWidget* parent)
     : QDialog(parent), m_db(std::move(db)), m_side(side), m_prompter(prompter) {
     setObjectName(QStringLiteral("frmpeppol"));
     setWindowTitle(QStringLiteral("Electronic Ordering - %1").arg(partyName));

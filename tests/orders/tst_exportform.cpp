@@ -5,8 +5,8 @@
 #include "common/Sql.h"
 #include "orders/OrderEmail.h"
 #include "orders/OrderWords.h"
-#include "settings/PeppolParty.h"
 #include "reports/ShippedReports.h"
+#include "settings/PeppolParty.h"
 
 #include "common/Sql.h"
 #include "orders/OrderEmail.h"
@@ -262,14 +262,19 @@ private slots:
         s.click(form->ui().cmdpeppol);
         QCOMPARE(s.orderStatus(Id), OrderStatus::Printed);
 
-        QVERIFY(PeppolPartyStore::save(s.ctx().systemDb(), PeppolSide::Organisation,
-                                       {QStringLiteral("0088"), QStringLiteral("5012345000008"),
-                                        QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), QStringLiteral("GBP")}));
+        QVERIFY(
+            PeppolPartyStore::save(s.ctx().systemDb(), PeppolSide::Organisation,
+                                   {QStringLiteral("0088"), QStringLiteral("5012345000008"),
+                                    QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), QStringLiteral("GBP")}));
         QVERIFY(PeppolPartyStore::save(s.db(), PeppolSide::Vendor,
-                                       {QStringLiteral("9932"), QStringLiteral("GB123456789"),
-                                        QStringLiteral("Acme Supplies plc"), QStringLiteral("GB"), {}}));
+                                       {QStringLiteral("9932"),
+                                        QStringLiteral("GB123456789"),
+                                        QStringLiteral("Acme Supplies plc"),
+                                        QStringLiteral("GB"),
+                                        {}}));
         s.click(form->ui().cmdpeppol);
-        QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order ABC0000001 written to the desktop as ABC0000001.xml"));
+        QCOMPARE(form->ui().lblinfo->text(),
+                 QStringLiteral("Order ABC0000001 written to the desktop as ABC0000001.xml"));
         QVERIFY(test::fileContents(QDir(s.ctx().DesktopPath).filePath(QStringLiteral("ABC0000001.xml")))
                     .contains("<cbc:EndpointID schemeID=\"9932\">GB123456789</cbc:EndpointID>"));
         QCOMPARE(s.orderStatus(Id), OrderStatus::Exported);

@@ -32,8 +32,11 @@ void giveParties(test::OrderDataFixture& f) {
                                    {QStringLiteral("0088"), QStringLiteral("5012345000008"),
                                     QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), QStringLiteral("GBP")}));
     QVERIFY(PeppolPartyStore::save(f.vendorDb(), PeppolSide::Vendor,
-                                   {QStringLiteral("0088"), QStringLiteral("7300010000001"),
-                                    QStringLiteral("Acme Supplies plc"), QStringLiteral("GB"), {}}));
+                                   {QStringLiteral("0088"),
+                                    QStringLiteral("7300010000001"),
+                                    QStringLiteral("Acme Supplies plc"),
+                                    QStringLiteral("GB"),
+                                    {}}));
 }
 
 QString run(const QString& program, const QStringList& arguments, int* exitCode) {
@@ -52,12 +55,12 @@ QString run(const QString& program, const QStringList& arguments, int* exitCode)
 QMap<QString, QStringList> ruleFailures(const QString& folder, QString* trouble) {
     QTemporaryDir reports;
     int code = 0;
-    const QString output =
-        run(QStringLiteral("java"),
-            {QStringLiteral("-cp"), QStringLiteral("/usr/share/java/Saxon-HE.jar"), QStringLiteral("net.sf.saxon.Transform"),
-             QStringLiteral("-s:") + folder, QStringLiteral("-o:") + reports.path(),
-             QStringLiteral("-xsl:") + PeppolData + QStringLiteral("/rules/PEPPOLBIS-T01.xslt")},
-            &code);
+    const QString output = run(QStringLiteral("java"),
+                               {QStringLiteral("-cp"), QStringLiteral("/usr/share/java/Saxon-HE.jar"),
+                                QStringLiteral("net.sf.saxon.Transform"), QStringLiteral("-s:") + folder,
+                                QStringLiteral("-o:") + reports.path(),
+                                QStringLiteral("-xsl:") + PeppolData + QStringLiteral("/rules/PEPPOLBIS-T01.xslt")},
+                               &code);
     QMap<QString, QStringList> failures;
     if (code != 0) {
         *trouble = output;
@@ -140,8 +143,7 @@ private slots:
         QVERIFY(firstXml.contains(QStringLiteral("<cbc:Name>GONE</cbc:Name>")));
         QVERIFY(firstXml.contains(QStringLiteral("<cbc:PriceAmount currencyID=\"GBP\">0.1234</cbc:PriceAmount>")));
         // 2 x 12.50 + 7 x 0.1234 (0.86 to the penny) + 1 x 1.00; the cancelled line left out.
-        QVERIFY(firstXml.contains(
-            QStringLiteral("<cbc:PayableAmount currencyID=\"GBP\">26.86</cbc:PayableAmount>")));
+        QVERIFY(firstXml.contains(QStringLiteral("<cbc:PayableAmount currencyID=\"GBP\">26.86</cbc:PayableAmount>")));
         QCOMPARE(firstXml.count(QStringLiteral("<cac:OrderLine>")), 3);
         const QString bigXml = xmlText(out.filePath(PeppolOrder::FileName(big)));
         QCOMPARE(bigXml.count(QStringLiteral("<cac:OrderLine>")), 999);
@@ -151,7 +153,8 @@ private slots:
         // The spoiled copy: its customisation left out, an element UBL does not have, and its
         // total changed.
         QString spoiled = firstXml;
-        spoiled.replace(QStringLiteral("<cbc:IssueDate>"), QStringLiteral("<cbc:Colour>red</cbc:Colour><cbc:IssueDate>"));
+        spoiled.replace(QStringLiteral("<cbc:IssueDate>"),
+                        QStringLiteral("<cbc:Colour>red</cbc:Colour><cbc:IssueDate>"));
         spoiled.remove(QRegularExpression(QStringLiteral("<cbc:CustomizationID>[^<]*</cbc:CustomizationID>")));
         spoiled.replace(QStringLiteral(">26.86</cbc:PayableAmount>"), QStringLiteral(">99.99</cbc:PayableAmount>"));
         spoiled.replace(QStringLiteral(">26.86</cbc:LineExtensionAmount>"),
@@ -164,11 +167,13 @@ private slots:
         QStringList files;
         for (const QString& name : QDir(out.path()).entryList(QDir::Files))
             files << out.filePath(name);
-        QString said = run(QStringLiteral("xmllint"), QStringList{QStringLiteral("--noout"), QStringLiteral("--schema"), schema} + files, &code);
+        QString said = run(QStringLiteral("xmllint"),
+                           QStringList{QStringLiteral("--noout"), QStringLiteral("--schema"), schema} + files, &code);
         QVERIFY2(code == 0, qPrintable(said));
         QCOMPARE(said.count(QStringLiteral(" validates")), 3);
         said = run(QStringLiteral("xmllint"),
-                   {QStringLiteral("--noout"), QStringLiteral("--schema"), schema, bad.filePath(QStringLiteral("spoiled.xml"))},
+                   {QStringLiteral("--noout"), QStringLiteral("--schema"), schema,
+                    bad.filePath(QStringLiteral("spoiled.xml"))},
                    &code);
         QVERIFY2(code != 0 && said.contains(QStringLiteral("Colour")), qPrintable(said));
 
@@ -197,19 +202,22 @@ private slots:
         QTemporaryDir out;
         const QString path = out.filePath(PeppolOrder::FileName(id));
         const auto attempt = [&](const QString& orderId) {
-            return PeppolOrder::exportOrder(f.systemDb(), f.vendorDb(), QStringLiteral("Acme Supplies"), path,
-                                            orderId);
+            return PeppolOrder::exportOrder(f.systemDb(), f.vendorDb(), QStringLiteral("Acme Supplies"), path, orderId);
         };
 
         QVERIFY(PeppolPartyStore::save(f.systemDb(), PeppolSide::Organisation,
-                                       {QStringLiteral("0088"), QStringLiteral("5012345000008"),
-                                        QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), {}}));
+                                       {QStringLiteral("0088"),
+                                        QStringLiteral("5012345000008"),
+                                        QStringLiteral("Head Office Ltd"),
+                                        QStringLiteral("GB"),
+                                        {}}));
         auto result = attempt(id);
         QCOMPARE(result.outcome, OrderExport::Outcome::Failed);
         for (const char* named : {"the organisation's currency", "the vendor's electronic address scheme",
                                   "the vendor's electronic address", "the vendor's legal name", "the vendor's country"})
             QVERIFY2(result.message.contains(QLatin1String(named)), qPrintable(result.message));
-        QVERIFY2(!result.message.contains(QLatin1String("organisation's electronic address")), qPrintable(result.message));
+        QVERIFY2(!result.message.contains(QLatin1String("organisation's electronic address")),
+                 qPrintable(result.message));
 
         giveParties(f);
         QVERIFY(Sql::run(f.vendorDb(), QStringLiteral("UPDATE vendor SET peppolid = '7300010000002'")));
@@ -287,8 +295,9 @@ private slots:
         f.addOrder(id, OrderStatus::Printed);
         f.addLine(id, 1, QStringLiteral("A1"), 3, Money::fromPence(300), OrderStatus::Printed);
         QTemporaryDir out;
-        QStringList arguments{QStringLiteral("--data-dir"), f.ctx().dataDir(), QStringLiteral("--vendor"),
-                              QStringLiteral("ABC"), QStringLiteral("--export-peppol"), QStringLiteral("abc1000001")};
+        QStringList arguments{QStringLiteral("--data-dir"),      f.ctx().dataDir(),
+                              QStringLiteral("--vendor"),        QStringLiteral("ABC"),
+                              QStringLiteral("--export-peppol"), QStringLiteral("abc1000001")};
         if (test::onTestServer())
             arguments << QStringLiteral("--server") << test::testServer();
         test::Finished finished = test::runHeadless(QStringLiteral(ORDWELL_EXE), arguments);
@@ -297,7 +306,8 @@ private slots:
         arguments << QStringLiteral("--out") << out.filePath(QStringLiteral("order.xml"));
         finished = test::runHeadless(QStringLiteral(ORDWELL_EXE), arguments);
         QVERIFY2(finished.code == 0, qPrintable(finished.err));
-        QVERIFY(xmlText(out.filePath(QStringLiteral("order.xml"))).contains(QStringLiteral("<cbc:ID>ABC1000001</cbc:ID>")));
+        QVERIFY(
+            xmlText(out.filePath(QStringLiteral("order.xml"))).contains(QStringLiteral("<cbc:ID>ABC1000001</cbc:ID>")));
         finished = test::runHeadless(QStringLiteral(ORDWELL_EXE), arguments);
         QCOMPARE(finished.code, 1);
         QVERIFY2(finished.err.contains(QStringLiteral("already exists")), qPrintable(finished.err));

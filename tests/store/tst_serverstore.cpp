@@ -108,12 +108,18 @@ private slots:
         // Paging, case-blind codes and product barcodes work as on the files.
         ItemRepository items(*vendor);
         for (const char* code : {"c3", "A1", "B2"}) {
-            Item item{QString::fromLatin1(code), QStringLiteral("O'Hara's"), 1,        1,
+            Item item{QString::fromLatin1(code), QStringLiteral("O'Hara's"), 1,         1,
                       Money::fromPence(125),     QDate(2030, 1, 1),          QString(), QString()};
             QVERIFY(items.insert(item));
         }
-        Item gtin{QStringLiteral("D4"), QStringLiteral("Dates"),         1, 1, Money::fromPence(99),
-                  QDate(2030, 1, 1),    QStringLiteral("05012345670003"), QStringLiteral("KGM")};
+        Item gtin{QStringLiteral("D4"),
+                  QStringLiteral("Dates"),
+                  1,
+                  1,
+                  Money::fromPence(99),
+                  QDate(2030, 1, 1),
+                  QStringLiteral("05012345670003"),
+                  QStringLiteral("KGM")};
         QVERIFY(items.insert(gtin));
         gtin.code = QStringLiteral("E5");
         QVERIFY(!items.insert(gtin));

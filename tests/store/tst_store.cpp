@@ -66,9 +66,9 @@ void makeFirstLayout(const QString& path) {
         QVERIFY(db.open());
         for (const char* sql : {"DROP TABLE orderlease", "DROP TABLE reportfile", "DROP INDEX items_gtin",
                                 "ALTER TABLE items DROP COLUMN gtin", "ALTER TABLE items DROP COLUMN unitcode",
-                                "ALTER TABLE vendor DROP COLUMN peppolscheme", "ALTER TABLE vendor DROP COLUMN peppolid",
-                                "ALTER TABLE vendor DROP COLUMN legalname", "ALTER TABLE vendor DROP COLUMN country",
-                                "DROP TABLE schemaversion",
+                                "ALTER TABLE vendor DROP COLUMN peppolscheme",
+                                "ALTER TABLE vendor DROP COLUMN peppolid", "ALTER TABLE vendor DROP COLUMN legalname",
+                                "ALTER TABLE vendor DROP COLUMN country", "DROP TABLE schemaversion",
                                 "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
                                 "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"})
             QVERIFY2(Sql::run(db, QString::fromLatin1(sql)), sql);
