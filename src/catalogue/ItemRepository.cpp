@@ -71,7 +71,7 @@ QVariantList valuesOf(const Item& item) {
 }
 
 // The first column of the statement's one row, 0 when there is none.
-Result<int> countOf(Sql::Statement& statement, const QVariantList& values) {
+Result<int> firstColumnCount(Sql::Statement& statement, const QVariantList& values) {
     if (const Status ran = statement.exec(values); !ran)
         return ran;
     QSqlQuery& q = statement.query();
@@ -94,11 +94,11 @@ Result<std::optional<Item>> ItemRepository::fetchOne(Sql::Statement& statement, 
 }
 
 Result<int> ItemRepository::count() {
-    return countOf(m_statements->count, {});
+    return firstColumnCount(m_statements->count, {});
 }
 
 Result<int> ItemRepository::positionOf(const QString& code) {
-    const auto before = countOf(m_statements->position, {code});
+    const auto before = firstColumnCount(m_statements->position, {code});
     if (!before)
         return before.status();
     return *before + 1;
@@ -129,7 +129,7 @@ Result<std::optional<Item>> ItemRepository::findByDescription(const QString& des
 }
 
 Result<bool> ItemRepository::exists(const QString& code) {
-    const auto found = countOf(m_statements->exists, {code});
+    const auto found = firstColumnCount(m_statements->exists, {code});
     if (!found)
         return found.status();
     return *found > 0;

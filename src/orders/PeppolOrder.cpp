@@ -22,11 +22,11 @@ const QString CbcNs = QStringLiteral("urn:oasis:names:specification:ubl:schema:x
 const QString GtinScheme = QStringLiteral("0160");
 
 // An amount with exactly two decimals; a unit price with as many as it has (up to four).
-QString amountText(Money money) {
+QString ublAmount(Money money) {
     return money.roundedToPence().toPlainString();
 }
 
-QString priceText(Money money) {
+QString ublPrice(Money money) {
     const qint64 units = money.tenThousandths();
     const qint64 whole = (units < 0 ? -units : units);
     QString text = QStringLiteral("%1.%2").arg(whole / 10000).arg(whole % 10000, 4, 10, QLatin1Char('0'));
@@ -35,7 +35,7 @@ QString priceText(Money money) {
     return units < 0 ? QStringLiteral("-") + text : text;
 }
 
-Result<PartyDetails> organisationDetails(const QSqlDatabase& systemDb) {
+Result<PartyDetails> buyerDetailsFrom(const QSqlDatabase& systemDb) {
     auto loaded = OrganisationDetailsStore(systemDb).load();
     if (!loaded)
         return loaded.status();
@@ -44,7 +44,7 @@ Result<PartyDetails> organisationDetails(const QSqlDatabase& systemDb) {
                         d[County],   d[Contact],  d[Telephone], d[Email]};
 }
 
-Result<PartyDetails> vendorDetails(const QSqlDatabase& vendorDb, const QString& vendorName) {
+Result<PartyDetails> sellerDetailsFrom(const QSqlDatabase& vendorDb, const QString& vendorName) {
     auto query = Sql::exec(vendorDb, QStringLiteral("SELECT add1, add2, add3, postcode, county, contactname, "
                                                     "contacttel, contactemail, repname, reptel, repemail FROM vendor"));
     if (!query)
@@ -67,7 +67,7 @@ Result<PartyDetails> vendorDetails(const QSqlDatabase& vendorDb, const QString& 
     return details;
 }
 
-Status readLines(const QSqlDatabase& vendorDb, Order& order) {
+Status readOrderLines(const QSqlDatabase& vendorDb, Order& order) {
     auto query =
         Sql::exec(vendorDb,
                   QStringLiteral("SELECT l.line, l.code, i.descr, l.qty, l.price, i.unitcode, i.gtin, i.priceexp "
@@ -122,9 +122,9 @@ QStringList missingDetails(const Order& order) {
     return missing;
 }
 
-class Writer {
+class UblWriter {
 public:
-    explicit Writer(QByteArray* out) : m_xml(out) { m_xml.setAutoFormatting(true); }
+    explicit UblWriter(QByteArray* out) : m_xml(out) { m_xml.setAutoFormatting(true); }
 
     void basic(const QString& name, const QString& value, const QString& attribute = {},
                const QString& attrValue = {}) {
@@ -209,11 +209,11 @@ Result<Order> gather(const QSqlDatabase& systemDb, const QSqlDatabase& vendorDb,
     if (!seller)
         return seller.status();
     order.seller = PeppolRules::normalised(seller.value());
-    auto buyerDetails = organisationDetails(systemDb);
+    auto buyerDetails = buyerDetailsFrom(systemDb);
     if (!buyerDetails)
         return buyerDetails.status();
     order.buyerDetails = buyerDetails.value();
-    auto sellerDetails = vendorDetails(vendorDb, vendorName);
+    auto sellerDetails = sellerDetailsFrom(vendorDb, vendorName);
     if (!sellerDetails)
         return sellerDetails.status();
     order.sellerDetails = sellerDetails.value();
@@ -223,7 +223,7 @@ Result<Order> gather(const QSqlDatabase& systemDb, const QSqlDatabase& vendorDb,
                                            "are given with \"Electronic Ordering...\" in the System Defaults and "
                                            "vendor windows:\n- %2")
                                 .arg(orderId, missing.join(QStringLiteral("\n- "))));
-    if (Status read = readLines(vendorDb, order); !read)
+    if (Status read = readOrderLines(vendorDb, order); !read)
         return read;
     // The order holds as long as the prices it was made with; with none to go by, a month.
     if (!order.validUntil.isValid())
@@ -237,7 +237,7 @@ Result<Order> gather(const QSqlDatabase& systemDb, const QSqlDatabase& vendorDb,
 
 QByteArray document(const Order& order) {
     QByteArray out;
-    Writer w(&out);
+    UblWriter w(&out);
     QXmlStreamWriter& xml = w.m_xml;
     const QString currency = order.buyer.currency;
     xml.writeStartDocument();
@@ -260,8 +260,8 @@ QByteArray document(const Order& order) {
     w.party(QStringLiteral("SellerSupplierParty"), order.seller, order.sellerDetails);
 
     w.open(QStringLiteral("AnticipatedMonetaryTotal"));
-    w.amount(QStringLiteral("LineExtensionAmount"), amountText(order.total), currency);
-    w.amount(QStringLiteral("PayableAmount"), amountText(order.total), currency);
+    w.amount(QStringLiteral("LineExtensionAmount"), ublAmount(order.total), currency);
+    w.amount(QStringLiteral("PayableAmount"), ublAmount(order.total), currency);
     w.close();
 
     for (const Line& line : order.lines) {
@@ -269,9 +269,9 @@ QByteArray document(const Order& order) {
         w.open(QStringLiteral("LineItem"));
         w.basic(QStringLiteral("ID"), line.id);
         w.basic(QStringLiteral("Quantity"), QString::number(line.quantity), QStringLiteral("unitCode"), line.unit);
-        w.amount(QStringLiteral("LineExtensionAmount"), amountText(line.amount), currency);
+        w.amount(QStringLiteral("LineExtensionAmount"), ublAmount(line.amount), currency);
         w.open(QStringLiteral("Price"));
-        w.amount(QStringLiteral("PriceAmount"), priceText(line.price), currency);
+        w.amount(QStringLiteral("PriceAmount"), ublPrice(line.price), currency);
         w.close();
         w.open(QStringLiteral("Item"));
         w.basic(QStringLiteral("Name"), line.name);

@@ -10,17 +10,17 @@ namespace ordwell {
 
 namespace {
 
-const char* const Columns[PeppolRules::FieldCount] = {"peppolscheme", "peppolid", "legalname", "country", "currency"};
+const char* const PartyColumns[PeppolRules::FieldCount] = {"peppolscheme", "peppolid", "legalname", "country", "currency"};
 
-int fieldCount(PeppolSide side) {
+int partyFieldCount(PeppolSide side) {
     return side == PeppolSide::Organisation ? PeppolRules::FieldCount : PeppolRules::Currency;
 }
 
-QString table(PeppolSide side) {
+QString partyTable(PeppolSide side) {
     return side == PeppolSide::Organisation ? QStringLiteral("Sysset") : QStringLiteral("vendor");
 }
 
-QString& value(PeppolParty& party, int field) {
+QString& partyValue(PeppolParty& party, int field) {
     switch (field) {
     case PeppolRules::Scheme:
         return party.scheme;
@@ -35,8 +35,8 @@ QString& value(PeppolParty& party, int field) {
     }
 }
 
-const QString& value(const PeppolParty& party, int field) {
-    return value(const_cast<PeppolParty&>(party), field);
+const QString& partyValue(const PeppolParty& party, int field) {
+    return partyValue(const_cast<PeppolParty&>(party), field);
 }
 
 QString partyName(PeppolSide side) {
@@ -115,8 +115,8 @@ QList<Problem> problems(const PeppolParty& party, PeppolSide side) {
 
 QList<int> missing(const PeppolParty& party, PeppolSide side) {
     QList<int> fields;
-    for (int field = 0; field < fieldCount(side); ++field) {
-        if (value(party, field).trimmed().isEmpty())
+    for (int field = 0; field < partyFieldCount(side); ++field) {
+        if (partyValue(party, field).trimmed().isEmpty())
             fields << field;
     }
     return fields;
@@ -124,7 +124,7 @@ QList<int> missing(const PeppolParty& party, PeppolSide side) {
 
 PeppolParty normalised(PeppolParty party) {
     for (int field = 0; field < FieldCount; ++field)
-        value(party, field) = value(party, field).trimmed();
+        partyValue(party, field) = partyValue(party, field).trimmed();
     party.country = party.country.toUpper();
     party.currency = party.currency.toUpper();
     return party;
@@ -136,17 +136,17 @@ namespace PeppolPartyStore {
 
 Result<PeppolParty> load(const QSqlDatabase& db, PeppolSide side) {
     QStringList columns;
-    for (int field = 0; field < fieldCount(side); ++field)
-        columns << QString::fromLatin1(Columns[field]);
+    for (int field = 0; field < partyFieldCount(side); ++field)
+        columns << QString::fromLatin1(PartyColumns[field]);
     auto query =
-        Sql::exec(db, QStringLiteral("SELECT %1 FROM %2 LIMIT 1").arg(columns.join(QStringLiteral(", ")), table(side)));
+        Sql::exec(db, QStringLiteral("SELECT %1 FROM %2 LIMIT 1").arg(columns.join(QStringLiteral(", ")), partyTable(side)));
     if (!query)
         return Status::fail(QStringLiteral("The %1's electronic ordering details could not be read.\n%2")
                                 .arg(partyName(side), query.message()));
     PeppolParty party;
     if (query.value().next()) {
-        for (int field = 0; field < fieldCount(side); ++field)
-            value(party, field) = query.value().value(field).toString();
+        for (int field = 0; field < partyFieldCount(side); ++field)
+            partyValue(party, field) = query.value().value(field).toString();
     }
     return party;
 }
@@ -154,12 +154,12 @@ Result<PeppolParty> load(const QSqlDatabase& db, PeppolSide side) {
 Status save(const QSqlDatabase& db, PeppolSide side, const PeppolParty& party) {
     QStringList assignments;
     QVariantList values;
-    for (int field = 0; field < fieldCount(side); ++field) {
-        assignments << QString::fromLatin1(Columns[field]) + QStringLiteral(" = ?");
-        values << Sql::textOrNull(value(party, field));
+    for (int field = 0; field < partyFieldCount(side); ++field) {
+        assignments << QString::fromLatin1(PartyColumns[field]) + QStringLiteral(" = ?");
+        values << Sql::textOrNull(partyValue(party, field));
     }
     auto ran = Sql::exec(
-        db, QStringLiteral("UPDATE %1 SET %2").arg(table(side), assignments.join(QStringLiteral(", "))), values);
+        db, QStringLiteral("UPDATE %1 SET %2").arg(partyTable(side), assignments.join(QStringLiteral(", "))), values);
     if (!ran)
         return Status::fail(QStringLiteral("The %1's electronic ordering details could not be saved, so nothing was "
                                            "changed.\n%2")
