@@ -191,9 +191,12 @@ void OrderForm::FinishShownOrder() {
         return;
     const QString status = ReadOrderStatus();
     if (status == OrderStatus::Live) {
-        SetOrderStatus(m_ui.txtheader[Header::OrderNumber]->text(), OrderStatus::Entered);
         CloseOrderLines();
-        SetLineStatus(OrderStatus::Entered);
+        // The order and its lines become entered together, with the total the screen shows.
+        const Status done = OrderTransitions::moveOrder(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text(),
+                                                        OrderStatus::Entered, QDate::currentDate(), shownTotal());
+        if (!done)
+            reportFailure(QStringLiteral("The order's status could not be stored."), done.message());
     } else if (status == OrderStatus::Printed || status == OrderStatus::Exported ||
                status == OrderStatus::PartReceived) {
         CloseOrderLines();
@@ -210,20 +213,6 @@ QString OrderForm::ReadOrderStatus() {
         return {};
     }
     return *status;
-}
-
-void OrderForm::SetOrderStatus(const QString& orderNumber, const QString& letter) {
-    const Status done =
-        OrderTransitions::setOrderStatus(vendorDb(), orderNumber, letter, QDate::currentDate(), shownTotal());
-    if (!done)
-        reportFailure(QStringLiteral("The order's status could not be stored."), done.message());
-}
-
-void OrderForm::SetLineStatus(const QString& letter) {
-    const Status done =
-        OrderTransitions::setLineStatus(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text(), letter);
-    if (!done)
-        reportFailure(QStringLiteral("The status of the order's lines could not be stored."), done.message());
 }
 
 bool OrderForm::ClaimOrder(const QString& number) {

@@ -41,8 +41,6 @@ public:
     void cmdbutton_Click(int index);
     void FinishShownOrder();
     QString ReadOrderStatus();
-    void SetOrderStatus(const QString& orderNumber, const QString& letter);
-    void SetLineStatus(const QString& letter);
     void ResetToIdle();
     // On a server, the order is this workstation's while it is shown here: claimed when it
     // comes up (refused, with who has it, while another workstation works on it), let go when

@@ -42,9 +42,10 @@ Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QStri
     return Sql::run(db, sql, {letter, orderId});
 }
 
-Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today) {
+Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,
+                 Money enteredTotal) {
     Sql::Transaction transaction(db);
-    Status moved = setOrderStatus(db, orderId, letter, today);
+    Status moved = setOrderStatus(db, orderId, letter, today, enteredTotal);
     if (moved)
         moved = setLineStatus(db, orderId, letter);
     if (moved)

@@ -25,7 +25,8 @@ Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QStri
 
 // The order and its lines moved to `letter` together, in one transaction (both as
 // setOrderStatus and setLineStatus write them), so a failure leaves neither moved.
-Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today);
+Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,
+                 Money enteredTotal = {});
 
 // The order's stored status, or an empty text when there is no such order.
 Result<QString> orderStatus(const QSqlDatabase& db, const QString& orderId);
