@@ -203,20 +203,15 @@ EnterOutcome enterPressed(Box box, const QString& text, const QDate& today, cons
         }
         return outcome;
     }
-    case Gtin: {
-        const auto gtin = gtinFrom(text);
-        outcome.moveOn = gtin.has_value();
-        outcome.rewritten = gtin.value_or(text);
-        if (!gtin)
-            outcome.refusal = Refusal{Gtin, BadGtinText, GtinTitle};
-        return outcome;
-    }
+    case Gtin:
     case Unit: {
-        const auto unit = unitFrom(text);
-        outcome.moveOn = unit.has_value();
-        outcome.rewritten = unit.value_or(text);
-        if (!unit)
-            outcome.refusal = Refusal{Unit, BadUnitText, UnitTitle};
+        // The optional codes: kept as they are stored, or refused saying what they must be.
+        const auto code = box == Gtin ? gtinFrom(text) : unitFrom(text);
+        outcome.moveOn = code.has_value();
+        outcome.rewritten = code.value_or(text);
+        if (!code)
+            outcome.refusal =
+                box == Gtin ? Refusal{Gtin, BadGtinText, GtinTitle} : Refusal{Unit, BadUnitText, UnitTitle};
         return outcome;
     }
     case BoxCount:
