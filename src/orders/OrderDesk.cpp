@@ -1,5 +1,7 @@
 #include "orders/OrderDesk.h"
 
+#include "orders/OrderTransitions.h"
+
 namespace ordwell {
 
 namespace {
@@ -36,6 +38,19 @@ QString OrderDesk::chosenStatus() const {
     if (!list || list->isEmpty())
         return {};
     return list->current().status;
+}
+
+Status OrderDesk::takeUp(const QSqlDatabase& db, const QString& orderId, const QDate& today) {
+    return OrderTransitions::moveOrder(db, orderId, OrderStatus::Live, today);
+}
+
+Status OrderDesk::finish(const QSqlDatabase& db, const QString& orderId, Money shownTotal, const QDate& today) {
+    const auto status = OrderTransitions::orderStatus(db, orderId);
+    if (!status)
+        return status.status();
+    if (*status != OrderStatus::Live)
+        return Status::ok();
+    return OrderTransitions::moveOrder(db, orderId, OrderStatus::Entered, today, shownTotal);
 }
 
 Result<bool> OrderDesk::countReceipt(const QSqlDatabase& db, const QString& orderId) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "common/Money.h"
 #include "orders/OrderList.h"
 #include "orders/OrderWords.h"
 #include "orders/Receiving.h"
+
+#include <QDate>
 
 #include <QSqlDatabase>
 #include <QString>
@@ -28,6 +31,12 @@ public:
     bool browsing() const { return list != nullptr; }
     // The status letter of the order the list stands on, empty with no list or an empty one.
     QString chosenStatus() const;
+
+    // Takes a live or entered order up for entry again: it and its lines become live together.
+    static Status takeUp(const QSqlDatabase& db, const QString& orderId, const QDate& today);
+    // Ends work on the shown order: a live one becomes entered, with the total the screen shows,
+    // it and its lines together; an order in any other state is left as it is.
+    static Status finish(const QSqlDatabase& db, const QString& orderId, Money shownTotal, const QDate& today);
 
     // Counts what the order had and has had; true when nothing is outstanding.
     Result<bool> countReceipt(const QSqlDatabase& db, const QString& orderId);

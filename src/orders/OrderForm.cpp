@@ -192,9 +192,8 @@ void OrderForm::FinishShownOrder() {
     const QString status = ReadOrderStatus();
     if (status == OrderStatus::Live) {
         CloseOrderLines();
-        // The order and its lines become entered together, with the total the screen shows.
-        const Status done = OrderTransitions::moveOrder(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text(),
-                                                        OrderStatus::Entered, QDate::currentDate(), shownTotal());
+        const Status done = OrderDesk::finish(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text(), shownTotal(),
+                                              QDate::currentDate());
         if (!done)
             reportFailure(QStringLiteral("The order's status could not be stored."), done.message());
     } else if (status == OrderStatus::Printed || status == OrderStatus::Exported ||

@@ -113,7 +113,7 @@ void OrderForm::takeUp() {
     const QString number = headerBox(Header::OrderNumber)->text();
     applyScreen(Screen::TakenUp);
     // Order and lines turn live together, so a crash cannot leave them apart.
-    const Status done = OrderTransitions::moveOrder(vendorDb(), number, OrderStatus::Live, QDate::currentDate());
+    const Status done = OrderDesk::takeUp(vendorDb(), number, QDate::currentDate());
     if (!done)
         reportFailure(QStringLiteral("The order could not be taken up again."), done.message());
     headerBox(Header::Status)->setText(QStringLiteral("L - LIVE"));

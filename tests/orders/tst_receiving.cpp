@@ -87,6 +87,18 @@ private slots:
         QVERIFY(!desk.booked(10));
         QVERIFY(desk.booked(4)); // 14 ordered on the live lines
 
+        // Taking up and finishing: order and live lines move together, the finished order
+        // keeping the total shown; finishing an order that is not live leaves it alone.
+        QVERIFY(OrderDesk::finish(f.vendorDb(), Id, Money::fromPence(999), QDate(2026, 3, 1)));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("S"));
+        QVERIFY(OrderDesk::takeUp(f.vendorDb(), Id, QDate(2026, 3, 1)));
+        QCOMPARE(f.lineStatuses(Id), QStringLiteral("LLC"));
+        QVERIFY(OrderDesk::finish(f.vendorDb(), Id, Money::fromPence(1234), QDate(2026, 3, 1)));
+        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("EEEC"));
+        QCOMPARE(f.value(QStringLiteral("orderhead"), QStringLiteral("totalval"), QStringLiteral("orderid"), Id)
+                     .toLongLong(),
+                 Money::fromPence(1234).tenThousandths());
+
         QCOMPARE(deskModeFromWord(QStringLiteral("RCVORDER")), DeskMode::Receive);
         QCOMPARE(wordOf(DeskMode::Live), QStringLiteral("LIVEORDER"));
         QCOMPARE(deskModeFromWord(QStringLiteral("rcvorder")), DeskMode::None);
