@@ -10,7 +10,8 @@ namespace ordwell {
 
 namespace {
 
-const char* const PartyColumns[PeppolRules::FieldCount] = {"peppolscheme", "peppolid", "legalname", "country", "currency"};
+const char* const PartyColumns[PeppolRules::FieldCount] = {"peppolscheme", "peppolid", "legalname", "country",
+                                                           "currency"};
 
 int partyFieldCount(PeppolSide side) {
     return side == PeppolSide::Organisation ? PeppolRules::FieldCount : PeppolRules::Currency;
@@ -138,8 +139,8 @@ Result<PeppolParty> load(const QSqlDatabase& db, PeppolSide side) {
     QStringList columns;
     for (int field = 0; field < partyFieldCount(side); ++field)
         columns << QString::fromLatin1(PartyColumns[field]);
-    auto query =
-        Sql::exec(db, QStringLiteral("SELECT %1 FROM %2 LIMIT 1").arg(columns.join(QStringLiteral(", ")), partyTable(side)));
+    auto query = Sql::exec(
+        db, QStringLiteral("SELECT %1 FROM %2 LIMIT 1").arg(columns.join(QStringLiteral(", ")), partyTable(side)));
     if (!query)
         return Status::fail(QStringLiteral("The %1's electronic ordering details could not be read.\n%2")
                                 .arg(partyName(side), query.message()));
