@@ -21,6 +21,14 @@ QStringList boxes(const QString& code, const QString& descr = QStringLiteral("Ap
     return {code, descr, pack, qty, price, expiry, gtin};
 }
 
+// The vendor ABC's catalogue, empty and open.
+QSqlDatabase openVendor(test::TestContext& tc) {
+    if (!Store::CreateVendorDatabase(tc.context().store(), QStringLiteral("ABC")) ||
+        !tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme")))
+        qFatal("cannot open the vendor");
+    return tc.context().vendorDb();
+}
+
 Item item(const QString& code, const QString& descr = QStringLiteral("Thing")) {
     return Item{code, descr, 6, 2, Money::fromPence(1250), QDate(2027, 1, 31), {}};
 }
@@ -38,44 +46,29 @@ private slots:
         QTest::addColumn<int>("box");
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("after"); // the failing box's text afterwards
-        QTest::newRow("no code, no price") << boxes("", "", "", "", "x", "") << int(ItemChecks::Code) << "No Item code"
-                                           << "";
-        QTest::newRow("space in code") << boxes("AB 12", "") << int(ItemChecks::Code) << "Illegal character used"
-                                       << "AB 12";
-        QTest::newRow("accent in code") << boxes("é1") << int(ItemChecks::Code) << "Illegal character used"
-                                        << "é1";
-        QTest::newRow("no description") << boxes("A1", "", "x") << int(ItemChecks::Description) << "No item description"
-                                        << "";
-        QTest::newRow("pack 1.5") << boxes("A1", "Apple", "1.5", "x") << int(ItemChecks::PackQty)
-                                  << "Incorrect pack quantity"
-                                  << "1.5";
-        QTest::newRow("pack letter") << boxes("A1", "Apple", "6a") << int(ItemChecks::PackQty)
-                                     << "Incorrect pack quantity"
-                                     << "6a";
-        QTest::newRow("default empty") << boxes("A1", "Apple", "6", "") << int(ItemChecks::DefaultQty)
-                                       << "Incorrect default order quantity"
-                                       << "";
-        QTest::newRow("default -1") << boxes("A1", "Apple", "6", "-1") << int(ItemChecks::DefaultQty)
-                                    << "Incorrect default order quantity"
-                                    << "-1";
-        QTest::newRow("price letter") << boxes("A1", "Apple", "6", "1", "12.5O", "") << int(ItemChecks::Price)
-                                      << "No price defined"
-                                      << "";
-        QTest::newRow("price empty") << boxes("A1", "Apple", "6", "1", "") << int(ItemChecks::Price)
-                                     << "No price defined"
-                                     << "";
-        QTest::newRow("expiry not a date")
-            << boxes("A1", "Apple", "6", "1", "1", "31/02/2026") << int(ItemChecks::PriceExpiry) << "Invalid date"
-            << "31/02/2026";
-        QTest::newRow("expiry yesterday")
-            << boxes("A1", "Apple", "6", "1", "1", "14/03/2026") << int(ItemChecks::PriceExpiry) << "Invalid date"
-            << "";
-        QTest::newRow("GTIN check digit") << boxes("A1", "Apple", "6", "1", "1", "16/03/2026", "4006381333932")
-                                          << int(ItemChecks::Gtin) << "Invalid GTIN"
-                                          << "4006381333932";
-        QTest::newRow("GTIN of 11 digits") << boxes("A1", "Apple", "6", "1", "1", "16/03/2026", "01234567890")
-                                           << int(ItemChecks::Gtin) << "Invalid GTIN"
-                                           << "01234567890";
+        const auto row = [](const char* tag, const QStringList& typed, Box box, const char* title, const char* after) {
+            QTest::newRow(tag) << typed << int(box) << QString::fromLatin1(title) << QString::fromUtf8(after);
+        };
+        row("no code, no price", boxes("", "", "", "", "x", ""), ItemChecks::Code, "No Item code", "");
+        row("space in code", boxes("AB 12", ""), ItemChecks::Code, "Illegal character used", "AB 12");
+        row("accent in code", boxes("é1"), ItemChecks::Code, "Illegal character used", "é1");
+        row("no description", boxes("A1", "", "x"), ItemChecks::Description, "No item description", "");
+        row("pack 1.5", boxes("A1", "Apple", "1.5", "x"), ItemChecks::PackQty, "Incorrect pack quantity", "1.5");
+        row("pack letter", boxes("A1", "Apple", "6a"), ItemChecks::PackQty, "Incorrect pack quantity", "6a");
+        row("default empty", boxes("A1", "Apple", "6", ""), ItemChecks::DefaultQty, "Incorrect default order quantity",
+            "");
+        row("default -1", boxes("A1", "Apple", "6", "-1"), ItemChecks::DefaultQty, "Incorrect default order quantity",
+            "-1");
+        row("price letter", boxes("A1", "Apple", "6", "1", "12.5O", ""), ItemChecks::Price, "No price defined", "");
+        row("price empty", boxes("A1", "Apple", "6", "1", ""), ItemChecks::Price, "No price defined", "");
+        row("expiry not a date", boxes("A1", "Apple", "6", "1", "1", "31/02/2026"), ItemChecks::PriceExpiry,
+            "Invalid date", "31/02/2026");
+        row("expiry yesterday", boxes("A1", "Apple", "6", "1", "1", "14/03/2026"), ItemChecks::PriceExpiry,
+            "Invalid date", "");
+        row("GTIN check digit", boxes("A1", "Apple", "6", "1", "1", "16/03/2026", "4006381333932"), ItemChecks::Gtin,
+            "Invalid GTIN", "4006381333932");
+        row("GTIN of 11 digits", boxes("A1", "Apple", "6", "1", "1", "16/03/2026", "01234567890"), ItemChecks::Gtin,
+            "Invalid GTIN", "01234567890");
     }
     void saveChecksInOrder() {
         QFETCH(QStringList, typed);
@@ -142,32 +135,24 @@ private slots:
         QTest::addColumn<bool>("moveOn");
         QTest::addColumn<QString>("rewritten");
         QTest::addColumn<QString>("title");
-        QTest::newRow("code lower") << int(ItemChecks::Code) << "ab12" << true << "AB12"
-                                    << "";
-        QTest::newRow("code taken") << int(ItemChecks::Code) << "taken1" << false << "TAKEN1"
-                                    << "Duplicate Item Code";
-        QTest::newRow("code space") << int(ItemChecks::Code) << "a b" << false << "A B"
-                                    << "Illegal character used";
-        QTest::newRow("descr empty") << int(ItemChecks::Description) << "" << false << ""
-                                     << "";
-        QTest::newRow("pack text") << int(ItemChecks::PackQty) << "six" << false << "six"
-                                   << "";
-        QTest::newRow("default ok") << int(ItemChecks::DefaultQty) << "12" << true << "12"
-                                    << "";
-        QTest::newRow("price 12.5") << int(ItemChecks::Price) << "12.5" << true << "12.50"
-                                    << "";
-        QTest::newRow("price 1234") << int(ItemChecks::Price) << "1234" << true << "1,234.00"
-                                    << "";
-        QTest::newRow("price too wide to group") << int(ItemChecks::Price) << "99999" << true << "99999.00"
-                                                 << "";
-        QTest::newRow("price empty") << int(ItemChecks::Price) << "" << false << ""
-                                     << "";
-        QTest::newRow("expiry today") << int(ItemChecks::PriceExpiry) << "15/03/2026" << false << ""
-                                      << "Invalid date";
-        QTest::newRow("expiry tomorrow") << int(ItemChecks::PriceExpiry) << "16/03/2026" << true << "16/03/2026"
-                                         << "";
-        QTest::newRow("expiry garbage") << int(ItemChecks::PriceExpiry) << "soon" << false << ""
-                                        << "Invalid date";
+        const auto row = [](const char* tag, Box box, const char* typed, bool moveOn, const char* rewritten,
+                            const char* title = "") {
+            QTest::newRow(tag) << int(box) << QString::fromLatin1(typed) << moveOn << QString::fromLatin1(rewritten)
+                               << QString::fromLatin1(title);
+        };
+        row("code lower", ItemChecks::Code, "ab12", true, "AB12");
+        row("code taken", ItemChecks::Code, "taken1", false, "TAKEN1", "Duplicate Item Code");
+        row("code space", ItemChecks::Code, "a b", false, "A B", "Illegal character used");
+        row("descr empty", ItemChecks::Description, "", false, "");
+        row("pack text", ItemChecks::PackQty, "six", false, "six");
+        row("default ok", ItemChecks::DefaultQty, "12", true, "12");
+        row("price 12.5", ItemChecks::Price, "12.5", true, "12.50");
+        row("price 1234", ItemChecks::Price, "1234", true, "1,234.00");
+        row("price too wide to group", ItemChecks::Price, "99999", true, "99999.00");
+        row("price empty", ItemChecks::Price, "", false, "");
+        row("expiry today", ItemChecks::PriceExpiry, "15/03/2026", false, "", "Invalid date");
+        row("expiry tomorrow", ItemChecks::PriceExpiry, "16/03/2026", true, "16/03/2026");
+        row("expiry garbage", ItemChecks::PriceExpiry, "soon", false, "", "Invalid date");
     }
     void enterTable() {
         QFETCH(int, box);
@@ -185,13 +170,10 @@ private slots:
             QCOMPARE(outcome.rewritten, rewritten);
     }
 
-    // Paging by key over a catalogue, positions from the index, the masks by position.
     // A product barcode finds its item; two items never share one, while any number have none.
     void gtinIsFoundAndNeverShared() {
         test::TestContext tc;
-        QVERIFY(Store::CreateVendorDatabase(tc.context().store(), QStringLiteral("ABC")));
-        QVERIFY(tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme")));
-        ItemRepository items(tc.context().vendorDb());
+        ItemRepository items(openVendor(tc));
         Item first = item(QStringLiteral("P1"));
         first.gtin = QStringLiteral("04006381333931");
         QVERIFY(items.insert(first));
@@ -213,11 +195,10 @@ private slots:
         QCOMPARE(items.find(QStringLiteral("P1"))->value().gtin, QString());
     }
 
+    // Paging by key over a catalogue, positions from the index, the masks by position.
     void browsesByKey() {
         test::TestContext tc;
-        QVERIFY(Store::CreateVendorDatabase(tc.context().store(), QStringLiteral("ABC")));
-        QVERIFY(tc.context().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme")));
-        ItemBrowser browser(tc.context().vendorDb());
+        ItemBrowser browser(openVendor(tc));
         QVERIFY(browser.open());
         QCOMPARE(browser.positionText(), QStringLiteral("There are no items"));
         QCOMPARE(browser.navigationMask(), QStringLiteral("1000000001"));

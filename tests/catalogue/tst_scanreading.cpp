@@ -14,6 +14,11 @@ using Kind = ScanReading::Kind;
 const QDate Today(2026, 11, 24);
 const QString GS(GroupSeparator);
 
+// A scan as written in the tables, with ~ for each group separator.
+QString withSeparators(const char* scan) {
+    return QString::fromLatin1(scan).replace(QLatin1Char('~'), GS);
+}
+
 // A reading in one comparable line: kind, GTIN, quantity, batch, expiry, net weight.
 QString summary(const ScanReading& r) {
     static const char* const kinds[] = {"plain", "gtin", "misread", "gs1", "refused"};
@@ -33,60 +38,32 @@ private slots:
     void reads_data() {
         QTest::addColumn<QString>("scan");
         QTest::addColumn<QString>("expected");
+        const auto row = [](const char* tag, const char* scan, const char* expected) {
+            QTest::newRow(tag) << withSeparators(scan) << QString::fromLatin1(expected);
+        };
         // Product barcodes: right check digits are GTINs made 14 long, wrong ones misreads.
-        QTest::newRow("EAN-13") << "4006381333931"
-                                << "gtin|04006381333931||||";
-        QTest::newRow("EAN-13 misread") << "4006381333932"
-                                        << "misread|||||";
-        QTest::newRow("UPC-A") << "036000291452"
-                               << "gtin|00036000291452||||";
-        QTest::newRow("UPC-A misread") << "036000291453"
-                                       << "misread|||||";
-        QTest::newRow("EAN-8") << "96385074"
-                               << "gtin|00000096385074||||";
-        QTest::newRow("EAN-8 misread") << "96385075"
-                                       << "misread|||||";
-        QTest::newRow("GTIN-14") << "09501101530003"
-                                 << "gtin|09501101530003||||";
-        QTest::newRow("EAN-13 with identifier") << "]E04006381333931"
-                                                << "gtin|04006381333931||||";
+        row("EAN-13", "4006381333931", "gtin|04006381333931||||");
+        row("EAN-13 misread", "4006381333932", "misread|||||");
+        row("UPC-A", "036000291452", "gtin|00036000291452||||");
+        row("UPC-A misread", "036000291453", "misread|||||");
+        row("EAN-8", "96385074", "gtin|00000096385074||||");
+        row("EAN-8 misread", "96385075", "misread|||||");
+        row("GTIN-14", "09501101530003", "gtin|09501101530003||||");
+        row("EAN-13 with identifier", "]E04006381333931", "gtin|04006381333931||||");
         // Other lengths and letters are codes for the rules; a non-GS1 identifier is dropped.
-        QTest::newRow("ten digits") << "1234567890"
-                                    << "plain|1234567890||||";
-        QTest::newRow("vendor code") << "9912345X"
-                                     << "plain|9912345X||||";
-        QTest::newRow("Code 128 identifier") << "]C0ABC12"
-                                             << "plain|ABC12||||";
+        row("ten digits", "1234567890", "plain|1234567890||||");
+        row("vendor code", "9912345X", "plain|9912345X||||");
+        row("Code 128 identifier", "]C0ABC12", "plain|ABC12||||");
         // GS1 element strings behind a symbology identifier.
-        QTest::newRow("]C1 (01)(17)(10)") << "]C1010950110153000317261231"
-                                             "10ABC123"
-                                          << "gs1|09501101530003||ABC123|2026-12-31|";
-        QTest::newRow("]d2 (01)(10)GS(17)") << "]d20109501101530003"
-                                               "10LOT7" +
-                                                   GS + "17270600"
-                                            << "gs1|09501101530003||LOT7|2027-06-30|";
-        QTest::newRow("]Q3 (01)(30)") << "]Q30109501101530003"
-                                         "3024"
-                                      << "gs1|09501101530003|24|||";
-        QTest::newRow("]C1 (00)(02)(37)GS(10)") << "]C1000950110100000000180209501101530003"
-                                                   "3712" +
-                                                       GS + "10B9"
-                                                << "gs1|09501101530003|12|B9||";
-        QTest::newRow("]e0 (01)(3103)") << "]e00109501101530003"
-                                           "3103001250"
-                                        << "gs1|09501101530003||||1.250";
+        row("]C1 (01)(17)(10)", "]C101095011015300031726123110ABC123", "gs1|09501101530003||ABC123|2026-12-31|");
+        row("]d2 (01)(10)GS(17)", "]d2010950110153000310LOT7~17270600", "gs1|09501101530003||LOT7|2027-06-30|");
+        row("]Q3 (01)(30)", "]Q301095011015300033024", "gs1|09501101530003|24|||");
+        row("]C1 (00)(02)(37)GS(10)", "]C10009501101000000001802095011015300033712~10B9", "gs1|09501101530003|12|B9||");
+        row("]e0 (01)(3103)", "]e001095011015300033103001250", "gs1|09501101530003||||1.250");
         // Separators without an identifier, and a leading FNC1 left in.
-        QTest::newRow("GS, no identifier") << GS +
-                                                  "0109501101530003"
-                                                  "10AB" +
-                                                  GS + "3006"
-                                           << "gs1|09501101530003|6|AB||";
-        QTest::newRow("]C1 then FNC1") << "]C1" + GS +
-                                              "0109501101530003"
-                                              "3006"
-                                       << "gs1|09501101530003|6|||";
-        QTest::newRow("written out") << "(01)09501101530003(17)261231"
-                                     << "gs1|09501101530003|||2026-12-31|";
+        row("GS, no identifier", "~010950110153000310AB~3006", "gs1|09501101530003|6|AB||");
+        row("]C1 then FNC1", "]C1~01095011015300033006", "gs1|09501101530003|6|||");
+        row("written out", "(01)09501101530003(17)261231", "gs1|09501101530003|||2026-12-31|");
     }
     void reads() {
         QFETCH(QString, scan);
@@ -101,18 +78,13 @@ private slots:
     void refusesNamingTheField_data() {
         QTest::addColumn<QString>("scan");
         QTest::addColumn<QString>("field");
-        QTest::newRow("(01) check digit") << "]C10109501101530004"
-                                             "10A"
-                                          << "(01)";
-        QTest::newRow("(01) with (02)") << "]C10109501101530003"
-                                           "0209501101530003"
-                                           "3712"
-                                        << "(01)";
-        QTest::newRow("(17) month 13") << "]d20109501101530003"
-                                          "17261301"
-                                       << "(17)";
-        QTest::newRow("(01) too short") << "]C101950110153000" + GS + "3024"
-                                        << "(01)";
+        const auto row = [](const char* tag, const char* scan, const char* field) {
+            QTest::newRow(tag) << withSeparators(scan) << QString::fromLatin1(field);
+        };
+        row("(01) check digit", "]C1010950110153000410A", "(01)");
+        row("(01) with (02)", "]C1010950110153000302095011015300033712", "(01)");
+        row("(17) month 13", "]d2010950110153000317261301", "(17)");
+        row("(01) too short", "]C101950110153000~3024", "(01)");
     }
     void refusesNamingTheField() {
         QFETCH(QString, scan);
@@ -126,32 +98,20 @@ private slots:
     void warns_data() {
         QTest::addColumn<QString>("scan");
         QTest::addColumn<QString>("warning"); // a piece of the one warning expected, or empty
+        const auto row = [](const char* tag, const char* scan, const char* warning) {
+            QTest::newRow(tag) << withSeparators(scan) << QString::fromLatin1(warning);
+        };
         // A field missing beside another is said, not refused: what was read is still true.
-        QTest::newRow("(02) without (37)") << "]C10209501101530003"
-                                           << "Required AIs for AI (02)";
-        QTest::newRow("(37) without its SSCC (00)") << "]C10209501101530003"
-                                                       "3712"
-                                                    << "Required AIs for AI (37)";
-        QTest::newRow("expired") << "]C10109501101530003"
-                                    "17140704"
-                                 << "(17) 04/07/2014 has passed";
-        QTest::newRow("lost separator after (10)") << "]C10109501101530003"
-                                                      "10ABC17261231"
-                                                   << "(10) ABC17261231 ends in what reads as (17) 261231";
-        QTest::newRow("lost separator, serial after") << "]d20109501101530003"
-                                                         "10L1"
-                                                         "1726123121XY"
-                                                      << "reads as (17) 261231 (21) XY";
+        row("(02) without (37)", "]C10209501101530003", "Required AIs for AI (02)");
+        row("(37) without its SSCC (00)", "]C102095011015300033712", "Required AIs for AI (37)");
+        row("expired", "]C1010950110153000317140704", "(17) 04/07/2014 has passed");
+        row("lost separator after (10)", "]C1010950110153000310ABC17261231",
+            "(10) ABC17261231 ends in what reads as (17) 261231");
+        row("lost separator, serial after", "]d2010950110153000310L11726123121XY", "reads as (17) 261231 (21) XY");
         // Digits in a batch that do not make a whole field of their own are no alarm.
-        QTest::newRow("batch with digits") << "]C10109501101530003"
-                                              "101712345"
-                                           << "";
-        QTest::newRow("batch ending in a year") << "]C10109501101530003"
-                                                   "10LOT2023"
-                                                << "";
-        QTest::newRow("impossible date in a batch") << "]C10109501101530003"
-                                                       "10A17261340"
-                                                    << "";
+        row("batch with digits", "]C10109501101530003101712345", "");
+        row("batch ending in a year", "]C1010950110153000310LOT2023", "");
+        row("impossible date in a batch", "]C1010950110153000310A17261340", "");
     }
     void warns() {
         QFETCH(QString, scan);
