@@ -1,14 +1,12 @@
 // Catalogue values at the edges: codes, descriptions, quantities and prices at the longest
 // and largest their columns take and one past, in any script, through the import and through
 // the item window.
+#include "CatalogueSession.h"
 #include "VendorFixture.h"
-#include "app/VendorSession.h"
 #include "catalogue/ItemChecks.h"
 #include "catalogue/ItemForm.h"
 #include "catalogue/ItemImporter.h"
-#include "shell/MainWindow.h"
 #include "support/EdgeText.h"
-#include "vendors/VendorRepository.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -101,15 +99,9 @@ private slots:
         QFETCH(QString, fill);
         QFETCH(QString, last);
         QFETCH(int, spare);
-        test::TestContext tc;
-        AppContext& ctx = tc.context();
-        test::storeOrganisationDetails(ctx);
-        QVERIFY(VendorRepository::addVendor(ctx.systemDb(), QStringLiteral("Acme Ltd"), QStringLiteral("ABC")));
-        QVERIFY(Store::CreateVendorDatabase(ctx.dataDir(), QStringLiteral("ABC")));
-        const auto window = test::openMainWindow(ctx);
-        QVERIFY(ctx.vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Ltd")));
-        window->triggerMenu(QStringLiteral("mnueditms"));
-        auto* form = window->findChild<ItemForm*>(QStringLiteral("frmaddedititem"));
+        test::CatalogueSession s;
+        s.window->triggerMenu(QStringLiteral("mnueditms"));
+        auto* form = s.window->findChild<ItemForm*>(QStringLiteral("frmaddedititem"));
         QVERIFY(form);
         form->setToday(Today);
         auto box = [form](int i) { return test::child<QLineEdit>(form, QStringLiteral("txtbox_%1").arg(i)); };
@@ -133,9 +125,9 @@ private slots:
         QCOMPARE(box(0)->text(), code);
         QCOMPARE(box(1)->text(), kept);
         press(ItemForm::Save);
-        QVERIFY2(tc.prompter().messages.isEmpty(), qPrintable(tc.prompter().lastText()));
+        QVERIFY2(s.prompter().messages.isEmpty(), qPrintable(s.prompter().lastText()));
 
-        auto q = Sql::exec(ctx.vendorDb(), QStringLiteral("SELECT code, descr, packqty, defqty, price FROM items"));
+        auto q = Sql::exec(s.db(), QStringLiteral("SELECT code, descr, packqty, defqty, price FROM items"));
         QVERIFY(q && q.value().next());
         QCOMPARE(q->value(0).toString(), code);
         QCOMPARE(q->value(1).toString(), kept);

@@ -104,8 +104,6 @@ private slots:
         QVERIFY(form);
         QCOMPARE(form->windowTitle(), QStringLiteral("Uploading Information"));
         auto text = [form](const QString& name) { return test::child<QLabel>(form, name)->text(); };
-        QCOMPARE(text(QStringLiteral("lblcountinfo_0")), QStringLiteral("Importing Line "));
-        QCOMPARE(text(QStringLiteral("lblcountinfo_1")), QStringLiteral("of"));
         QCOMPARE(text(QStringLiteral("lblcount_0")), QStringLiteral("3"));
         QCOMPARE(text(QStringLiteral("lblcount_1")), QStringLiteral("3"));
         QCOMPARE(text(QStringLiteral("lblinfo")), Completed);
@@ -114,10 +112,8 @@ private slots:
         QVERIFY(test::child<QLabel>(form, QStringLiteral("lblcount_0"))->accessibleName().isEmpty());
         QVERIFY(s.enabled(QStringLiteral("mnuimpitms")));
         QCOMPARE(s.count(QStringLiteral("items")), 3);
-        auto* exit = test::child<QPushButton>(form, QStringLiteral("cmdexit"));
-        QVERIFY(exit->isEnabled());
         QPointer<QWidget> watch(form);
-        exit->click();
+        test::child<QPushButton>(form, QStringLiteral("cmdexit"))->click();
         QTRY_VERIFY(!watch);
         QVERIFY(s.window->mdiArea()->subWindowList().isEmpty());
 

@@ -11,18 +11,6 @@ class TestRevaluation : public test::StrictTest {
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
-    void nothingOpenMeansNoMessageAndNoWrite() {
-        test::VendorFixture v;
-        v.addItem(QStringLiteral("A1"), QStringLiteral("2.00"));
-        v.addOrder(QStringLiteral("TST1"), QStringLiteral("P"), QStringLiteral("1.00"));
-        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
-        test::ScriptedPrompter prompter;
-        QCOMPARE(RefreshOrderValues(v.db(), prompter), 0);
-        QVERIFY(prompter.messages.isEmpty());
-        QCOMPARE(v.linePrice(QStringLiteral("TST1"), 1), QStringLiteral("1.00"));
-        QCOMPARE(v.total(QStringLiteral("TST1")), QStringLiteral("1.00"));
-    }
-
     // Two open orders use a changed price; printed, exported, receiving, received and cancelled
     // orders keep theirs; an open order already at catalogue prices is not counted.
     void onlyLiveAndEnteredOrdersAreRevalued() {
@@ -60,16 +48,6 @@ private slots:
         prompter.clear();
         QCOMPARE(RefreshOrderValues(v.db(), prompter), 0);
         QVERIFY(prompter.messages.isEmpty());
-    }
-
-    void oneChangedOrderHasTheSingularText() {
-        test::VendorFixture v;
-        v.addItem(QStringLiteral("A1"), QStringLiteral("3.00"));
-        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("1.00"));
-        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
-        test::ScriptedPrompter prompter;
-        QCOMPARE(RefreshOrderValues(v.db(), prompter), 1);
-        QCOMPARE(prompter.texts(), QStringList{QStringLiteral("1 order value has been updated")});
     }
 
     // A line whose item has left the catalogue keeps its price and value and still counts in the
