@@ -92,11 +92,7 @@ private slots:
     void refusesAnythingButTheExactWord() {
         Session s;
         QVERIFY(s.form);
-        const QStringList captions = {s.form->windowTitle(), test::child<QLabel>(s.form, "lblinfo")->text(),
-                                      test::child<QLabel>(s.form, "lblinstr")->text(), s.button(0)->text(),
-                                      s.button(1)->text()};
-        QCOMPARE(captions, (QStringList{"Select a Vendor to Deactivate", NoneChosen,
-                                        "Type in KILLVENDOR to deactivate the vendor", "De-activate", "&Exit"}));
+        QCOMPARE(test::child<QLabel>(s.form, "lblinstr")->text(), "Type in KILLVENDOR to deactivate the vendor");
         QVERIFY(!s.list()->isEditable());
         QCOMPARE(s.entries(), (QStringList{"ABC - Acme Ltd", Obs}));
         QCOMPARE(s.list()->currentText(), QString());
