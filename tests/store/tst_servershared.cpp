@@ -57,6 +57,12 @@ QString pdfText(const QString& pdf) {
     return QString::fromUtf8(p.readAllStandardOutput());
 }
 
+// The real program, with no display; `words` are its further arguments split at spaces.
+test::Finished runProgram(const QStringList& arguments, const char* words = "") {
+    return test::runHeadless(QStringLiteral(ORDWELL_EXE),
+                             arguments + QString::fromLatin1(words).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+}
+
 // A second workstation: its own connection to vendor ABC, made and used on its own thread.
 QStringList drawNumbers(const QString& connection, int count) {
     QStringList numbers;
@@ -84,7 +90,8 @@ public:
     void showResetPrices(const QString&) override {}
 };
 
-// The child process of aKilledHoldersLeaseRunsOut: takes the lease, says so, and waits to be killed.
+// The child process of theOrderFormRespectsAnotherWorkstationsOrder: takes the lease, says so, and
+// waits to be killed.
 int holdLease(const QString& conninfo) {
     static int noArguments = 0;
     QCoreApplication app(noArguments, nullptr);
@@ -290,21 +297,6 @@ private slots:
         QCOMPARE(Sql::scalar(db, QStringLiteral("SELECT count(*) FROM orderline"))->toInt(), 60);
     }
 
-    // A workstation killed while it holds an order: the order stays its until the lease runs
-    // out (two seconds here), then another takes it.
-    void aKilledHoldersLeaseRunsOut() {
-        QProcess holder;
-        holder.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold-lease"), server()});
-        QVERIFY(holder.waitForReadyRead(10000));
-        QCOMPARE(holder.readAllStandardOutput(), QByteArray("held\n"));
-        holder.kill();
-        QVERIFY(holder.waitForFinished(5000));
-        OrderLeases mine(QSqlDatabase::database(Conn), QStringLiteral("pc-a-run-2"), QStringLiteral("ann on pc-a"));
-        QCOMPARE(mine.take(OrderId).message(), OrderLeases::heldMessage(OrderId, QStringLiteral("bob on pc-b")));
-        QTRY_VERIFY_WITH_TIMEOUT(mine.take(OrderId), 5000);
-        QVERIFY(mine.release(OrderId));
-    }
-
     // Two workstations editing one item: the second save is refused, and the first one's
     // values stay.
     void twoSavesOfOneItem() {
@@ -437,7 +429,7 @@ private slots:
         const QByteArray before = test::fileContents(Store::vendorDatabasePath(dir, QStringLiteral("ABC")));
 
         const QStringList copy{QStringLiteral("--data-dir"), dir, QStringLiteral("--copy-to-server"), server()};
-        test::Finished run = test::runHeadless(QStringLiteral(ORDWELL_EXE), copy);
+        test::Finished run = runProgram(copy);
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QVERIFY2(run.out.contains(QStringLiteral("ABC ABC Ltd: 2 items, 2 barcode rules, 2 orders, 1 order lines.")) &&
                      run.out.contains(QStringLiteral("OLD OLD Ltd (deactivated): 0 items")),
@@ -454,20 +446,10 @@ private slots:
             QCOMPARE(OrderRepository(*db).NextOrderNumber(QStringLiteral("ABC")).value(), QStringLiteral("ABC1000002"));
         }
         DatabaseFile::close(QStringLiteral("copied"));
-        const QString pdf = folders.dataFile(QStringLiteral("form.pdf"));
-        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
-                                {QStringLiteral("--server"), server(), QStringLiteral("--data-dir"), dir,
-                                 QStringLiteral("--vendor"), QStringLiteral("ABC"), QStringLiteral("--render-report"),
-                                 QStringLiteral("ordform.rpt"), QStringLiteral("--param"),
-                                 QStringLiteral("ordnum=ABC1000000"), QStringLiteral("--pdf"), pdf});
-        QVERIFY2(run.code == 0 && pdfText(pdf).contains(QStringLiteral("ABC1000000")), qPrintable(run.err));
-
-        run = test::runHeadless(QStringLiteral(ORDWELL_EXE), copy);
+        run = runProgram(copy);
         QCOMPARE(run.code, 1);
         QVERIFY2(run.err.contains(QStringLiteral("already holds Ordwell data")), qPrintable(run.err));
-        run = test::runHeadless(
-            QStringLiteral(ORDWELL_EXE),
-            {QStringLiteral("--data-dir"), dir, QStringLiteral("--copy-to-server"), QStringLiteral("shop-server")});
+        run = runProgram({QStringLiteral("--data-dir"), dir}, "--copy-to-server shop-server");
         QCOMPARE(run.code, 2);
     }
 
@@ -478,10 +460,9 @@ private slots:
         QVERIFY(test::writeFile(list, "a1,Apples \xc3\xa9 & pears,6,2,3.50,31/12/2030\n"
                                       "B2,Plums,1,1,0.50,01/01/2020\n"
                                       "A1,Apples (Bramley),6,2,3.75,31/12/2030\n"));
-        const test::Finished run = test::runHeadless(
-            QStringLiteral(ORDWELL_EXE),
-            {QStringLiteral("--server"), server(), QStringLiteral("--data-dir"), folders.dataDir(),
-             QStringLiteral("--vendor"), QStringLiteral("abc"), QStringLiteral("--import-items"), list});
+        const test::Finished run = runProgram({QStringLiteral("--server"), server(), QStringLiteral("--data-dir"),
+                                               folders.dataDir(), QStringLiteral("--import-items"), list},
+                                              "--vendor abc");
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QVERIFY2(run.out.contains(QStringLiteral("There were 1 expired prices")), qPrintable(run.out));
 
@@ -502,26 +483,19 @@ private slots:
     void reportsReadTheServer() {
         test::TestFolders folders;
         const QString pdf = folders.dataFile(QStringLiteral("out.pdf"));
-        const QStringList base{QStringLiteral("--server"),   server(),
-                               QStringLiteral("--data-dir"), folders.dataDir(),
-                               QStringLiteral("--vendor"),   QStringLiteral("ABC"),
-                               QStringLiteral("--pdf"),      pdf};
-        test::Finished run =
-            test::runHeadless(QStringLiteral(ORDWELL_EXE),
-                              base + QStringList{QStringLiteral("--render-report"), QStringLiteral("ordform.rpt"),
-                                                 QStringLiteral("--param"), QStringLiteral("ordnum=ABC1000000")});
+        const QStringList base{QStringLiteral("--server"), server(), QStringLiteral("--data-dir"), folders.dataDir(),
+                               QStringLiteral("--pdf"),    pdf};
+        test::Finished run = runProgram(base, "--vendor ABC --render-report ordform.rpt --param ordnum=ABC1000000");
         QVERIFY2(run.code == 0, qPrintable(run.err));
         const QString form = pdfText(pdf);
         QVERIFY2(form.contains(QStringLiteral("ABC1000000")) && form.contains(QStringLiteral("Total 9.00")) &&
                      !form.contains(QStringLiteral("15.00")),
                  qPrintable(form));
 
-        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
-                                base + QStringList{QStringLiteral("--render-report"), QStringLiteral("vendhist.rpt")});
+        run = runProgram(base, "--vendor ABC --render-report vendhist.rpt");
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QVERIFY2(pdfText(pdf).contains(QStringLiteral("March 2026")), qPrintable(pdfText(pdf)));
-        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
-                                base + QStringList{QStringLiteral("--render-report"), QStringLiteral("outitms.rpt")});
+        run = runProgram(base, "--vendor ABC --render-report outitms.rpt");
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QVERIFY2(pdfText(pdf).contains(QStringLiteral("ABC1000000")), qPrintable(pdfText(pdf)));
 
@@ -543,8 +517,7 @@ private slots:
         const QString writer = folders.dataFile(QStringLiteral("writer.rpt"));
         QVERIFY(test::writeFile(writer, "[report]\ntitle = W\n[query q]\nWITH x AS (SELECT 1) "
                                         "UPDATE orderhead SET status = 'C'\n[body]\nx\n"));
-        run = test::runHeadless(QStringLiteral(ORDWELL_EXE),
-                                base + QStringList{QStringLiteral("--render-report"), writer});
+        run = runProgram(base + QStringList{QStringLiteral("--render-report"), writer}, "--vendor ABC");
         QCOMPARE(run.code, 1);
         QVERIFY2(run.err.contains(QStringLiteral("tried to change the database")), qPrintable(run.err));
         auto status = Sql::scalar(QSqlDatabase::database(Conn),

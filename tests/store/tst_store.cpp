@@ -57,37 +57,45 @@ QStringList structureOf(const QString& path) {
     return out;
 }
 
-// A vendor file as the first layout had it: made new, then the later additions taken away.
-void makeFirstLayout(const QString& path) {
-    const QString name = QStringLiteral("downgrade");
+// Runs each statement on a connection of its own to the file at `path`; false at the first refused.
+bool runOn(const QString& path, std::initializer_list<const char*> statements) {
+    const QString name = QStringLiteral("by hand");
+    bool done = false;
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-        db.setDatabaseName(path);
-        QVERIFY(db.open());
-        for (const char* sql : {"DROP TABLE orderlease", "DROP TABLE reportfile", "DROP INDEX items_gtin",
-                                "ALTER TABLE items DROP COLUMN gtin", "ALTER TABLE items DROP COLUMN unitcode",
-                                "ALTER TABLE vendor DROP COLUMN peppolscheme",
-                                "ALTER TABLE vendor DROP COLUMN peppolid", "ALTER TABLE vendor DROP COLUMN legalname",
-                                "ALTER TABLE vendor DROP COLUMN country", "DROP TABLE schemaversion",
-                                "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
-                                "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"})
-            QVERIFY2(Sql::run(db, QString::fromLatin1(sql)), sql);
+        QSqlDatabase db = DatabaseFile::addConnection(name, path, false);
+        done = db.open();
+        for (const char* sql : statements)
+            done = done && Sql::run(db, QString::fromLatin1(sql));
     }
     QSqlDatabase::removeDatabase(name);
+    return done;
 }
 
+// A vendor file as the first layout had it: made new, then the later additions taken away.
+bool makeFirstLayout(const QString& path) {
+    return runOn(path, {"DROP TABLE orderlease", "DROP TABLE reportfile", "DROP INDEX items_gtin",
+                        "ALTER TABLE items DROP COLUMN gtin", "ALTER TABLE items DROP COLUMN unitcode",
+                        "ALTER TABLE vendor DROP COLUMN peppolscheme", "ALTER TABLE vendor DROP COLUMN peppolid",
+                        "ALTER TABLE vendor DROP COLUMN legalname", "ALTER TABLE vendor DROP COLUMN country",
+                        "DROP TABLE schemaversion",
+                        "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+                        "VALUES ('K1', 'Kept', 1, 1, 12500, '2030-01-01')"});
+}
+
+// An organisation's row, its empty optional values NULL.
 QVariantList sysset(const QString& location) {
-    return {location,
-            QVariant(),
-            QStringLiteral("1 High St"),
-            QVariant(),
-            QVariant(),
-            QStringLiteral("Kent"),
-            QStringLiteral("CT1 1AA"),
-            QStringLiteral("Ann"),
-            QStringLiteral("01234 567890"),
-            QVariant(),
-            QStringLiteral("ann@example.org")};
+    QVariantList row{location};
+    for (const QString& value :
+         QStringLiteral("|1 High St|||Kent|CT1 1AA|Ann|01234 567890||ann@example.org").split(u'|'))
+        row << (value.isEmpty() ? QVariant() : QVariant(value));
+    return row;
+}
+
+// Why the store refused a statement; Refusal::None when it was taken.
+Sql::Refusal refusalOf(const QSqlDatabase& db, const QString& sql, const QVariantList& values) {
+    Sql::Refusal why = Sql::Refusal::None;
+    Sql::run(db, sql, values, &why);
+    return why;
 }
 } // namespace
 
@@ -96,124 +104,73 @@ class TestStore : public test::StrictTest {
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
-    void newSystemDatabaseHasBothTablesEmpty() {
-        test::TestFolders folders;
-        QVERIFY(Store::CreateSystemDatabase(folders.dataDir()));
-        {
-            auto db = Store::OpenSystemDatabase(folders.dataDir());
-            QVERIFY(db);
-            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM Sysset")).value().toInt(), 0);
-            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM vendors")).value().toInt(), 0);
-            QVERIFY(!Store::HasOrganisationDetails(*db));
-            // A second creation over the existing file is refused and the file is kept.
-            QVERIFY(!Store::CreateSystemDatabase(folders.dataDir()));
-        } // the connection is closed only once nothing uses it
-        DatabaseFile::close(Store::SystemConnection);
-    }
-
     void systemDatabaseRefusesBadRows() {
         test::TestFolders folders;
         QVERIFY(Store::CreateSystemDatabase(folders.dataDir()));
+        // A second creation over the existing file is refused and the file is kept.
+        QVERIFY(!Store::CreateSystemDatabase(folders.dataDir()));
         {
             auto db = Store::OpenSystemDatabase(folders.dataDir());
             QVERIFY(db);
-            Sql::Refusal why = Sql::Refusal::None;
-            QVERIFY(Sql::run(*db, Ins, sysset(QStringLiteral("Acme")), &why));
+            QVERIFY(!Store::HasOrganisationDetails(*db));
+            QCOMPARE(refusalOf(*db, Ins, sysset(QStringLiteral("Acme"))), Sql::Refusal::None);
             QVERIFY(Store::HasOrganisationDetails(*db));
-
-            QVERIFY(!Sql::run(*db, Ins, sysset(QStringLiteral("ACME")), &why)); // keys ignore case
-            QCOMPARE(why, Sql::Refusal::Duplicate);
-            QVERIFY(!Sql::run(*db, Ins, sysset(QString(51, QLatin1Char('x'))), &why));
-            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
-            QVERIFY(Sql::run(*db, Ins, sysset(QString(50, QLatin1Char('y'))), &why));
-
-            const int required[] = {0, 2, 5, 6, 7, 8, 10};
-            for (int column : required) {
+            QCOMPARE(refusalOf(*db, Ins, sysset(QStringLiteral("ACME"))), Sql::Refusal::Duplicate); // keys ignore case
+            QCOMPARE(refusalOf(*db, Ins, sysset(QString(51, QLatin1Char('x')))), Sql::Refusal::TooLongOrInvalid);
+            QCOMPARE(refusalOf(*db, Ins, sysset(QString(50, QLatin1Char('y')))), Sql::Refusal::None);
+            for (int column : {0, 2, 5, 6, 7, 8, 10}) {
                 QVariantList row = sysset(QStringLiteral("Org %1").arg(column));
                 row[column] = QVariant();
-                QVERIFY2(!Sql::run(*db, Ins, row, &why), qPrintable(QString::number(column)));
-                QCOMPARE(why, Sql::Refusal::Missing);
+                QCOMPARE(refusalOf(*db, Ins, row), Sql::Refusal::Missing);
             }
 
-            const QString vendor = QStringLiteral("INSERT INTO vendors (vendor, code, status) VALUES (?,?,?)");
-            QVERIFY(Sql::run(*db, vendor,
-                             {QStringLiteral("O'Brien's Supplies"), QStringLiteral("OBS"), QStringLiteral("A")}));
-            QVERIFY(!Sql::run(
-                *db, vendor, {QStringLiteral("O'Brien's Supplies"), QStringLiteral("XYZ"), QStringLiteral("A")}, &why));
-            QCOMPARE(why, Sql::Refusal::Duplicate);
-            QVERIFY(!Sql::run(*db, vendor,
-                              {QStringLiteral("Long Code Ltd"), QStringLiteral("ABCDE"), QStringLiteral("A")}, &why));
-            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+            const QString vendor = QStringLiteral("INSERT INTO vendors (vendor, code, status) VALUES (?, ?, 'A')");
+            const QString name = QStringLiteral("O'Brien's Supplies");
+            QCOMPARE(refusalOf(*db, vendor, {name, QStringLiteral("OBS")}), Sql::Refusal::None);
+            QCOMPARE(refusalOf(*db, vendor, {name, QStringLiteral("XYZ")}), Sql::Refusal::Duplicate);
+            QCOMPARE(refusalOf(*db, vendor, {QStringLiteral("Long Code Ltd"), QStringLiteral("ABCDE")}),
+                     Sql::Refusal::TooLongOrInvalid);
         } // the connection is closed only once nothing uses it
         DatabaseFile::close(Store::SystemConnection);
     }
 
-    void vendorDatabaseTablesAndLimits() {
+    void vendorDatabaseLimits() {
         test::TestFolders folders;
         QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral(" ABC ")));
         QVERIFY(QFileInfo::exists(folders.dataFile(QStringLiteral("ABCvendor.mdb"))));
         {
             auto db = Store::OpenVendorDatabase(folders.dataDir(), Store::vendorFileName(QStringLiteral("ABC")));
             QVERIFY(db);
-            for (const QString& table : {QStringLiteral("vendor"), QStringLiteral("barcodes"), QStringLiteral("items"),
-                                         QStringLiteral("orderhead"), QStringLiteral("orderline")}) {
-                QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM ") + table).value().toInt(), 0);
-            }
-
             // Rule numbers come from a counter starting at 1.
-            const QString rule =
-                QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)");
-            QVERIFY(Sql::run(*db, rule, {QStringLiteral("99"), 2, 1, QStringLiteral("A")}));
-            QVERIFY(Sql::run(*db, rule, {QStringLiteral("98"), 0, 0, QStringLiteral("A")}));
-            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT min(codenum) FROM barcodes")).value().toInt(), 1);
-            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT max(codenum) FROM barcodes")).value().toInt(), 2);
+            for (const char* start : {"99", "98"})
+                QVERIFY(Sql::run(*db,
+                                 QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) "
+                                                "VALUES (?, 2, 1, 'A')"),
+                                 {QString::fromLatin1(start)}));
+            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT min(codenum) || max(codenum) FROM barcodes"))->toString(),
+                     QStringLiteral("12"));
 
             // Lines have no key: the same order and line number may be stored twice.
-            const QString line = QStringLiteral(
-                "INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty) "
-                "VALUES (?,?,?,?,?,?,?,?,?)");
-            const QVariantList l = {QStringLiteral("ABC1000000"),
-                                    1,
-                                    QStringLiteral("X1"),
-                                    QStringLiteral("2026-11-23"),
-                                    QStringLiteral("L"),
-                                    2,
-                                    15000,
-                                    30000,
-                                    0};
-            const Status first = Sql::run(*db, line, l);
-            QVERIFY2(first, qPrintable(first.message()));
-            QVERIFY(Sql::run(*db, line, l));
+            for (int twice = 0; twice < 2; ++twice)
+                QVERIFY(Sql::run(*db, QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, "
+                                                     "qty, price, lineval, recvqty) VALUES ('ABC1000000', 1, 'X1', "
+                                                     "'2026-11-23', 'L', 2, 15000, 30000, 0)")));
 
-            Sql::Refusal why = Sql::Refusal::None;
-            const QString item = QStringLiteral(
-                "INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)");
-            QVERIFY(Sql::run(
-                *db, item,
-                {QString(25, QLatin1Char('A')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")}));
-            QVERIFY(!Sql::run(
-                *db, item,
-                {QString(26, QLatin1Char('B')), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("2027-01-01")},
-                &why));
-            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
-            QVERIFY(!Sql::run(
-                *db, item, {QStringLiteral("C1"), QStringLiteral("Widget"), 1, 1, 10000, QStringLiteral("not a date")},
-                &why));
-            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
-            QVERIFY(
-                !Sql::run(*db, item, {QStringLiteral("C2"), QStringLiteral("Widget"), 1, 1, 10000, QVariant()}, &why));
-            QCOMPARE(why, Sql::Refusal::Missing);
+            const QString item = QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
+                                                "VALUES (?, 'Widget', 1, 1, 10000, ?)");
+            const QString expiry = QStringLiteral("2027-01-01");
+            QCOMPARE(refusalOf(*db, item, {QString(25, QLatin1Char('A')), expiry}), Sql::Refusal::None);
+            QCOMPARE(refusalOf(*db, item, {QString(26, QLatin1Char('B')), expiry}), Sql::Refusal::TooLongOrInvalid);
+            QCOMPARE(refusalOf(*db, item, {QStringLiteral("C1"), QStringLiteral("not a date")}),
+                     Sql::Refusal::TooLongOrInvalid);
+            QCOMPARE(refusalOf(*db, item, {QStringLiteral("C2"), QVariant()}), Sql::Refusal::Missing);
 
-            const QString head =
-                QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, status, totalval) VALUES (?,?,?,?,?)");
-            QVERIFY(Sql::run(*db, head,
-                             {QStringLiteral("ABC1000000"), QStringLiteral("2026-11-23"), QString(28, QLatin1Char('n')),
-                              QStringLiteral("L"), 0}));
-            QVERIFY(!Sql::run(*db, head,
-                              {QStringLiteral("ABC1000001"), QStringLiteral("2026-11-23"),
-                               QString(29, QLatin1Char('n')), QStringLiteral("L"), 0},
-                              &why));
-            QCOMPARE(why, Sql::Refusal::TooLongOrInvalid);
+            const QString head = QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, status, totalval) "
+                                                "VALUES (?, '2026-11-23', ?, 'L', 0)");
+            QCOMPARE(refusalOf(*db, head, {QStringLiteral("ABC1000000"), QString(28, QLatin1Char('n'))}),
+                     Sql::Refusal::None);
+            QCOMPARE(refusalOf(*db, head, {QStringLiteral("ABC1000001"), QString(29, QLatin1Char('n'))}),
+                     Sql::Refusal::TooLongOrInvalid);
         } // the connection is closed only once nothing uses it
         DatabaseFile::close(Store::VendorConnection);
     }
@@ -224,7 +181,7 @@ private slots:
         const QString old = folders.dataFile(QStringLiteral("OLDvendor.mdb"));
         QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("NEW")));
         QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("OLD")));
-        makeFirstLayout(old);
+        QVERIFY(makeFirstLayout(old));
 
         // Opening upgrades the old file to exactly what a new one holds, rows kept.
         {
@@ -241,14 +198,8 @@ private slots:
         // A step that fails leaves the old file exactly as it was.
         QFile::remove(old);
         QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("OLD")));
-        makeFirstLayout(old);
-        {
-            // An index of the name the upgrade makes, left by hand, makes its step fail.
-            QSqlDatabase db = DatabaseFile::addConnection(QStringLiteral("clash"), old, false);
-            QVERIFY(db.open());
-            QVERIFY(Sql::run(db, QStringLiteral("CREATE INDEX items_gtin ON items (descr)")));
-        }
-        QSqlDatabase::removeDatabase(QStringLiteral("clash"));
+        // An index of the name the upgrade makes, left by hand, makes its step fail.
+        QVERIFY(makeFirstLayout(old) && runOn(old, {"CREATE INDEX items_gtin ON items (descr)"}));
         const auto before = test::databaseDump(old);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("index items_gtin already exists")));
         {
@@ -261,12 +212,7 @@ private slots:
         QCOMPARE(test::databaseDump(old), before);
 
         // Data from a newer program is refused, untouched.
-        {
-            QSqlDatabase db = DatabaseFile::addConnection(QStringLiteral("newer"), fresh, false);
-            QVERIFY(db.open());
-            QVERIFY(SchemaUpgrade::recordVersion(db, vendorSchema().version() + 1));
-        }
-        QSqlDatabase::removeDatabase(QStringLiteral("newer"));
+        QVERIFY(runOn(fresh, {"UPDATE schemaversion SET version = version + 1"}));
         const auto newer = test::databaseDump(fresh);
         {
             auto db = Store::OpenVendorDatabase(folders.dataDir(), QStringLiteral("NEWvendor.mdb"));
@@ -282,10 +228,7 @@ private slots:
         QVERIFY(!Store::CreateSystemDatabase(missing));
         QVERIFY(!QFileInfo::exists(missing + QStringLiteral("/Ordwell.mdb")));
         // Not a database at all: opening says so instead of pretending.
-        QFile junk(folders.dataFile(QStringLiteral("Ordwell.mdb")));
-        QVERIFY(junk.open(QIODevice::WriteOnly));
-        junk.write(QByteArray(4096, 'x'));
-        junk.close();
+        QVERIFY(test::writeFile(folders.dataFile(QStringLiteral("Ordwell.mdb")), QByteArray(4096, 'x')));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result 26 ")));
         QVERIFY(!Store::OpenSystemDatabase(folders.dataDir()));
         QVERIFY(!DatabaseFile::isOpen(Store::SystemConnection));
@@ -319,7 +262,7 @@ private slots:
             QSqlDatabase holder = DatabaseFile::addConnection(QStringLiteral("holder"), path, false);
             QVERIFY(holder.open());
             if (situation == QLatin1String("busy"))
-                QVERIFY(Sql::run(holder, QStringLiteral("BEGIN IMMEDIATE")));
+                QVERIFY(Sql::run(holder, QStringLiteral("BEGIN EXCLUSIVE")));
             QSqlDatabase writer =
                 DatabaseFile::addConnection(QStringLiteral("writer"), path, situation == QLatin1String("readonly"));
             // No waiting for the holder to finish: the test wants the refusal, not the wait.
@@ -337,31 +280,19 @@ private slots:
             QCOMPARE(int(why), refusal);
             QVERIFY2(written.message().contains(saying), qPrintable(written.message()));
             QVERIFY(!written.message().contains(QLatin1String("SQLite")));
-        }
-        DatabaseFile::close(QStringLiteral("writer"));
-        DatabaseFile::close(QStringLiteral("holder"));
-    }
 
-    // A database another program is writing is in use, not damaged, and says so when opened.
-    void openingABusyDatabaseSaysItIsInUse() {
-        test::TestFolders folders;
-        QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("ABC")));
-        const QString path = folders.dataFile(QStringLiteral("ABCvendor.mdb"));
-        {
-            QSqlDatabase holder = DatabaseFile::addConnection(QStringLiteral("holder"), path, false);
-            QVERIFY(holder.open());
-            QVERIFY(Sql::run(holder, QStringLiteral("BEGIN EXCLUSIVE")));
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result 5 ")));
-            const auto opened = DatabaseFile::open(QStringLiteral("reader"), path, true);
-            QVERIFY(!opened);
-            QVERIFY2(opened.message().contains(QLatin1String("is in use by another program")),
-                     qPrintable(opened.message()));
-            QVERIFY(!DatabaseFile::isOpen(QStringLiteral("reader")));
-            QVERIFY(Sql::run(holder, QStringLiteral("ROLLBACK")));
+            if (situation == QLatin1String("busy")) {
+                // A file another program is writing is in use, not damaged, when opened too.
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result 5 ")));
+                const auto opened = DatabaseFile::open(QStringLiteral("reader"), path, true);
+                QVERIFY2(!opened && opened.message().contains(saying), qPrintable(opened.message()));
+                QVERIFY(!DatabaseFile::isOpen(QStringLiteral("reader")));
+                QVERIFY(Sql::run(holder, QStringLiteral("ROLLBACK")));
+                QVERIFY(DatabaseFile::open(QStringLiteral("reader"), path, true));
+            }
         }
-        DatabaseFile::close(QStringLiteral("holder"));
-        QVERIFY(DatabaseFile::open(QStringLiteral("reader"), path, true));
-        DatabaseFile::close(QStringLiteral("reader"));
+        for (const char* name : {"reader", "writer", "holder"})
+            DatabaseFile::close(QString::fromLatin1(name));
     }
 
     // A statement is prepared once and runs again with new values, rows and refusals included.
@@ -377,8 +308,7 @@ private slots:
                 Sql::Statement lookUp(*db, QStringLiteral("SELECT descr, price FROM items WHERE code = ?"));
                 QVERIFY(insert.exec({QStringLiteral("A1"), QStringLiteral("Apple"), 150}));
                 QVERIFY(insert.exec({QStringLiteral("B2"), QStringLiteral("O'Brien's pear"), 275}));
-                const Status again = insert.exec({QStringLiteral("a1"), QStringLiteral("Apple pie"), 1});
-                QVERIFY(!again);
+                QVERIFY(!insert.exec({QStringLiteral("a1"), QStringLiteral("Apple pie"), 1}));
                 QCOMPARE(insert.refusal(), Sql::Refusal::Duplicate);
                 QVERIFY(insert.exec({QStringLiteral("C3"), QStringLiteral("Cherry"), 5}));
                 QCOMPARE(insert.refusal(), Sql::Refusal::None);
