@@ -1,11 +1,8 @@
 // Files under the program that are damaged, read-only or held by another program: each is
 // told plainly, nothing stored changes, and the program goes on once the cause is gone.
-#include "../orders/OrderFixture.h"
 #include "PrivateDisk.h"
 #include "app/VendorSession.h"
 #include "common/Sql.h"
-#include "orders/OrderExport.h"
-#include "orders/OrderWords.h"
 #include "shell/MainWindow.h"
 #include "shell/Program.h"
 #include "store/DatabaseFile.h"
@@ -35,8 +32,6 @@
 using namespace ordwell;
 
 namespace {
-
-const QString OrderId = QStringLiteral("ABC1000000");
 
 // Every file under `folder` with its contents, as "name: bytes".
 QMap<QString, QByteArray> folderContents(const QString& folder) {
@@ -84,20 +79,15 @@ private slots:
     // opens nothing, the file is left for the user to restore, and the other vendor opens and
     // takes changes as before.
     void damagedVendorFile_data() {
-        QTest::addColumn<QString>("damage");
         QTest::addColumn<QString>("warning"); // logged by the store, empty when none
-        QTest::newRow("missing") << "missing"
-                                 << "";
-        QTest::newRow("emptied") << "emptied"
-                                 << "";
-        QTest::newRow("cut short") << "cut short"
-                                   << "^SQLite result 11 ";
-        QTest::newRow("random bytes") << "random bytes"
-                                      << "^SQLite result 26 ";
+        QTest::newRow("missing") << QString();
+        QTest::newRow("emptied") << QString();
+        QTest::newRow("cut short") << QStringLiteral("^SQLite result 11 ");
+        QTest::newRow("random bytes") << QStringLiteral("^SQLite result 26 ");
     }
     void damagedVendorFile() {
-        QFETCH(QString, damage);
         QFETCH(QString, warning);
+        const QLatin1String damage(QTest::currentDataTag());
         test::TestContext tc;
         AppContext& ctx = tc.context();
         test::storeOrganisationDetails(ctx);
@@ -118,11 +108,11 @@ private slots:
         }
         const QString damaged = Store::vendorDatabasePath(ctx.dataDir(), QStringLiteral("BBB"));
         const QByteArray whole = test::fileContents(damaged);
-        if (damage == QLatin1String("missing")) {
+        if (damage == "missing") {
             QVERIFY(QFile::remove(damaged));
-        } else if (damage == QLatin1String("emptied")) {
+        } else if (damage == "emptied") {
             QVERIFY(test::writeFile(damaged, QByteArray()));
-        } else if (damage == QLatin1String("cut short")) {
+        } else if (damage == "cut short") {
             QVERIFY(test::writeFile(damaged, whole.left(whole.size() / 2)));
         } else {
             QByteArray noise(whole.size(), Qt::Uninitialized);
@@ -205,40 +195,6 @@ private slots:
         QVERIFY(program.mainWindow());
         QCOMPARE(agree.answered(), withDatabase ? 0 : 1);
         QVERIFY(prompter.messages.isEmpty());
-    }
-
-    // A desktop mounted read-only: the export says the file could not be written, leaves no
-    // file and the order as it was; with the desktop writable again the export goes through.
-    void readOnlyDesktopAtExport() {
-        test::OrderSession s;
-        QVERIFY(Sql::run(s.db(),
-                         QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, reference, status, totalval, "
-                                        "reprintcount) VALUES (?, '2020-03-11', 'Ann', 'R1', 'P', 0, 0)"),
-                         {OrderId}));
-        const QString path = s.db().databaseName();
-        OrderForm* form = s.open(QStringLiteral("mnuexpord"));
-        const auto before = test::databaseDump(path);
-        {
-            test::ReadOnlyFolder readOnly(s.ctx().DesktopPath);
-            QVERIFY2(readOnly.problem().isEmpty(), qPrintable(readOnly.problem()));
-            s.click(form->ui().cmdnavbutton[2]);
-            QCOMPARE(s.prompter().messages.size(), 1);
-            const test::ShownMessage failed = s.prompter().messages.first();
-            QCOMPARE(failed.icon, MessageIcon::Critical);
-            QVERIFY2(failed.text.startsWith(QStringLiteral("The order could not be exported because the file")),
-                     qPrintable(failed.text));
-            QVERIFY2(failed.text.contains(QLatin1String("Read-only file system")), qPrintable(failed.text));
-            QCOMPARE(form->ui().lblinfo->text(), QStringLiteral("Order export failed"));
-        }
-        QVERIFY(QDir(s.ctx().DesktopPath).isEmpty(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot));
-        QCOMPARE(test::databaseDump(path), before);
-
-        s.prompter().clear();
-        s.prompter().expect(QStringLiteral("Are you sure you want to export this order?"), MessageAnswer::Yes);
-        s.prompter().expect(OrderExport::CompleteText(OrderId));
-        s.click(form->ui().cmdbutton[MainButton::ExportOrder]);
-        QVERIFY(QFile::exists(QDir(s.ctx().DesktopPath).filePath(OrderId + QStringLiteral(".csv"))));
-        QCOMPARE(s.orderStatus(OrderId), OrderStatus::Exported);
     }
 
     // Another program is in the middle of a write to the system database when a new vendor is
