@@ -34,7 +34,6 @@ private slots:
         auto main = test::openMainWindow(ctx);
         auto* vendorPanel = test::child<QLabel>(main.get(), QStringLiteral("sbPanel_1"));
         QCOMPARE(vendorPanel->text(), QStringLiteral("No Vendor Selected"));
-        QCOMPARE(test::labelsHidingTheirText(main.get()), QStringList());
         main->ShowStatus(QStringLiteral("O'Brien's Supplies"));
         QVERIFY(vendorPanel->text().contains(QStringLiteral("O'Brien's Supplies")));
         for (int i = 1; i <= 3; ++i) {
