@@ -31,6 +31,13 @@ public:
     ScriptedPrompter& prompter() { return m_tc.prompter(); }
     QSqlDatabase db() { return ctx().vendorDb(); }
     bool enabled(const QString& entry) const { return window->menuEntry(entry)->isEnabled(); }
+    // The masked menu entries' states as a mask text, to compare with the masks' first 18.
+    QString menus() const {
+        QString state;
+        for (const QAction* entry : window->maskedEntries())
+            state += entry->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+        return state;
+    }
     void addItem(const QString& code, const QString& descr, const QString& price = QStringLiteral("1.00")) {
         if (!Sql::run(db(),
                       QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "

@@ -26,13 +26,6 @@ void addDescriptions(test::CatalogueSession& s, const QStringList& descriptions)
         s.addItem(QStringLiteral("I%1").arg(i), descriptions[i]);
 }
 
-QString menuState(MainWindow& window) {
-    QString state;
-    for (const QAction* entry : window.maskedEntries())
-        state += entry->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
-    return state;
-}
-
 // What the typed-prefix rule should pick, worked out by reading the whole list.
 int expectedRow(const QStringList& list, const QString& typed, int current) {
     for (int row = 1; row < list.size(); ++row) {
@@ -246,7 +239,7 @@ private slots:
         QCOMPARE(chosen.value_or(QString()), result);
         QCOMPARE(chosen.has_value(), !result.isEmpty());
         QVERIFY(!findWindow());
-        QCOMPARE(menuState(*s.window), Find::OrderFormMask.left(s.window->maskedEntries().size()));
+        QCOMPARE(s.menus(), Find::OrderFormMask.left(18));
         QVERIFY(s.prompter().messages.isEmpty());
     }
 
@@ -273,7 +266,7 @@ private slots:
             QCOMPARE(answerer.answered(), 1);
         }
         QCOMPARE(code->text(), QStringLiteral("C3"));
-        QCOMPARE(menuState(*s.window), Find::ItemFormMask.left(s.window->maskedEntries().size()));
+        QCOMPARE(s.menus(), Find::ItemFormMask.left(18));
 
         {
             test::ModalAnswerer answerer([](QWidget* modal) { test::clickButton(modal, QStringLiteral("cmdcancel")); });

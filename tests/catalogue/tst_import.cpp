@@ -148,7 +148,7 @@ private slots:
     // second run of the same file adds nothing.
     void updatesExpiriesAndRepeats() {
         test::VendorFixture v;
-        v.addItem(QStringLiteral("ABC1"), QStringLiteral("9.99"), QDate(2030, 1, 1), QStringLiteral("Old name"));
+        v.addItem("ABC1", "9.99", QDate(2030, 1, 1), "Old name");
         const QString path = v.folders().desktopDir() + QStringLiteral("/list.txt");
         QVERIFY(test::writeFile(path, "abc1,New name,12,3,4.25,01/01/2031\n"
                                       "OLD1,Yesterday,1,1,5.00,14/06/2024\n"
@@ -183,8 +183,8 @@ private slots:
     // another item holds, in the catalogue or earlier in the file, makes the line incorrect.
     void gtinsFromTheSeventhField() {
         test::VendorFixture v;
-        v.addItem(QStringLiteral("KEEP"), QStringLiteral("1.00"));
-        v.addItem(QStringLiteral("HOLD"), QStringLiteral("1.00"));
+        v.addItem("KEEP", "1.00");
+        v.addItem("HOLD", "1.00");
         QVERIFY(Sql::run(v.db(), QStringLiteral("UPDATE items SET gtin = CASE code WHEN 'KEEP' THEN '05012345670003' "
                                                 "ELSE '05012345670010' END")));
         const QString path = v.folders().desktopDir() + QStringLiteral("/list.csv");
@@ -287,11 +287,11 @@ private slots:
     // completion text, in that order; after an incorrect line, only its message.
     void whatFollowsTheImport() {
         test::VendorFixture v;
-        v.addItem(QStringLiteral("A1"), QStringLiteral("1.00"));
-        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("1.00"));
-        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
-        v.addOrder(QStringLiteral("TST2"), QStringLiteral("L"), QStringLiteral("2.00"));
-        v.addLine(QStringLiteral("TST2"), 1, QStringLiteral("A1"), 2, QStringLiteral("1.00"), QStringLiteral("2.00"));
+        v.addItem("A1", "1.00");
+        v.addOrder("TST1", "L", "1.00");
+        v.addLine("TST1", 1, "A1", 1, "1.00", "1.00");
+        v.addOrder("TST2", "L", "2.00");
+        v.addLine("TST2", 1, "A1", 2, "1.00", "2.00");
         const QString bad = v.folders().desktopDir() + QStringLiteral("/bad.csv");
         QVERIFY(test::writeFile(bad, "A1,Apple,1,1,3.00,31/12/2030\nB2,Pear,x,1,1.00,31/12/2030\n"));
         test::ScriptedPrompter prompter;

@@ -68,12 +68,6 @@ public:
             m += box(i)->isReadOnly() ? QLatin1Char('0') : QLatin1Char('1');
         return m;
     }
-    QString menus() {
-        QString m;
-        for (QAction* a : window->maskedEntries())
-            m += a->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
-        return m;
-    }
     void type(int i, const QString& text) {
         box(i)->setFocus();
         box(i)->selectAll();

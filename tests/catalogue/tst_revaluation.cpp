@@ -15,19 +15,17 @@ private slots:
     // orders keep theirs; an open order already at catalogue prices is not counted.
     void onlyLiveAndEnteredOrdersAreRevalued() {
         test::VendorFixture v;
-        v.addItem(QStringLiteral("A1"), QStringLiteral("2.50"));
-        v.addItem(QStringLiteral("B2"), QStringLiteral("1.00"));
-        const QStringList statuses = {QStringLiteral("L"), QStringLiteral("E"), QStringLiteral("P"),
-                                      QStringLiteral("X"), QStringLiteral("S"), QStringLiteral("R"),
-                                      QStringLiteral("C")};
+        v.addItem("A1", "2.50");
+        v.addItem("B2", "1.00");
+        const QStringList statuses = {"L", "E", "P", "X", "S", "R", "C"};
         for (const QString& s : statuses) {
             const QString id = QStringLiteral("TST") + s;
-            v.addOrder(id, s, QStringLiteral("5.00"));
-            v.addLine(id, 1, QStringLiteral("A1"), 2, QStringLiteral("2.00"), QStringLiteral("4.00"));
-            v.addLine(id, 2, QStringLiteral("B2"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+            v.addOrder(id, s, "5.00");
+            v.addLine(id, 1, "A1", 2, "2.00", "4.00");
+            v.addLine(id, 2, "B2", 1, "1.00", "1.00");
         }
-        v.addOrder(QStringLiteral("TSTOK"), QStringLiteral("E"), QStringLiteral("3.00"));
-        v.addLine(QStringLiteral("TSTOK"), 1, QStringLiteral("B2"), 3, QStringLiteral("1.00"), QStringLiteral("3.00"));
+        v.addOrder("TSTOK", "E", "3.00");
+        v.addLine("TSTOK", 1, "B2", 3, "1.00", "3.00");
 
         test::ScriptedPrompter prompter;
         QCOMPARE(RefreshOrderValues(v.db(), prompter), 2);
@@ -55,12 +53,11 @@ private slots:
     // order with no lines totals nothing.
     void missingItemsKeepTheirLineAndTotalsAreRecomputed() {
         test::VendorFixture v;
-        v.addItem(QStringLiteral("A1"), QStringLiteral("1.00"));
-        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("0.00"));
-        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("GONE"), 2, QStringLiteral("7.25"),
-                  QStringLiteral("14.50"));
-        v.addLine(QStringLiteral("TST1"), 2, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
-        v.addOrder(QStringLiteral("TST2"), QStringLiteral("E"), QStringLiteral("9.99"));
+        v.addItem("A1", "1.00");
+        v.addOrder("TST1", "L", "0.00");
+        v.addLine("TST1", 1, "GONE", 2, "7.25", "14.50");
+        v.addLine("TST1", 2, "A1", 1, "1.00", "1.00");
+        v.addOrder("TST2", "E", "9.99");
         test::ScriptedPrompter prompter;
         QCOMPARE(RefreshOrderValues(v.db(), prompter), 2);
         QCOMPARE(prompter.texts(), QStringList{QStringLiteral("2 order values have been updated")});
@@ -73,16 +70,13 @@ private slots:
     // Prices compare to the penny; the total is rounded after every line, not once at the end.
     void penniesDecide() {
         test::VendorFixture v;
-        v.addItem(QStringLiteral("HALF"), QStringLiteral("0.0050"));
-        v.addItem(QStringLiteral("NEAR"), QStringLiteral("1.2300"));
-        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("0.00"));
-        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("HALF"), 1, QStringLiteral("0.0050"),
-                  QStringLiteral("0.0050"));
-        v.addLine(QStringLiteral("TST1"), 2, QStringLiteral("HALF"), 1, QStringLiteral("0.0050"),
-                  QStringLiteral("0.0050"));
+        v.addItem("HALF", "0.0050");
+        v.addItem("NEAR", "1.2300");
+        v.addOrder("TST1", "L", "0.00");
+        v.addLine("TST1", 1, "HALF", 1, "0.0050", "0.0050");
+        v.addLine("TST1", 2, "HALF", 1, "0.0050", "0.0050");
         // 1.2349 and 1.23 are the same price to the penny: the line is left alone.
-        v.addLine(QStringLiteral("TST1"), 3, QStringLiteral("NEAR"), 10, QStringLiteral("1.2349"),
-                  QStringLiteral("12.349"));
+        v.addLine("TST1", 3, "NEAR", 10, "1.2349", "12.349");
         test::ScriptedPrompter prompter;
         QCOMPARE(RefreshOrderValues(v.db(), prompter), 1);
         QCOMPARE(prompter.texts(), QStringList{QStringLiteral("1 order value has been updated")});
@@ -97,9 +91,9 @@ private slots:
         if (test::onTestServer())
             QSKIP("the failure is made with a trigger in SQLite's own language");
         test::VendorFixture v;
-        v.addItem(QStringLiteral("A1"), QStringLiteral("3.00"));
-        v.addOrder(QStringLiteral("TST1"), QStringLiteral("L"), QStringLiteral("1.00"));
-        v.addLine(QStringLiteral("TST1"), 1, QStringLiteral("A1"), 1, QStringLiteral("1.00"), QStringLiteral("1.00"));
+        v.addItem("A1", "3.00");
+        v.addOrder("TST1", "L", "1.00");
+        v.addLine("TST1", 1, "A1", 1, "1.00", "1.00");
         // A total the table refuses makes the second step fail after the lines were repriced.
         QVERIFY(Sql::run(v.db(), QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE OF totalval ON orderhead "
                                                 "BEGIN SELECT RAISE(ABORT, 'refused'); END")));
