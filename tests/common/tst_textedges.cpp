@@ -31,6 +31,15 @@ struct BoxColumn {
     QString column;
 };
 
+// The `vendor` table's columns behind the vendor window's detail boxes, in box order.
+const char* const VendorColumns[TypedDetailCount] = {
+    "customerid", "add1",     "add2",        "add3",       "county",     "postcode",    "repname",
+    "reptel",     "repemail", "contactname", "contacttel", "contactfax", "contactemail"};
+
+int vendorColumnLength(int box) {
+    return vendorSchema().columnLength(QStringLiteral("vendor"), QString::fromLatin1(VendorColumns[box]));
+}
+
 QList<BoxColumn> freeTextBoxes() {
     QList<BoxColumn> boxes;
     const char* sysset[] = {"location", "department", "add1",      "add2", "add3", "county",
@@ -38,12 +47,9 @@ QList<BoxColumn> freeTextBoxes() {
     for (int i = 0; i < DetailsFieldCount; ++i)
         boxes.append({"mnusysdefault", "frmsysdefaults", QStringLiteral("txtbox_%1").arg(i), &systemSchema(), "Sysset",
                       QString::fromLatin1(sysset[i])});
-    const char* vendor[] = {"customerid", "add1",       "add2",        "add3",     "county",
-                            "postcode",   "repname",    "reptel",      "repemail", "contactname",
-                            "contacttel", "contactfax", "contactemail"};
     for (int i = 0; i < TypedDetailCount; ++i)
         boxes.append({"mnuedvend", "frmaddeditvnd", QStringLiteral("txtbox_%1").arg(i), &vendorSchema(), "vendor",
-                      QString::fromLatin1(vendor[i])});
+                      QString::fromLatin1(VendorColumns[i])});
     boxes.append({"mnuedvend", "frmaddeditvnd", QStringLiteral("txtcomp_0"), &systemSchema(), "vendors",
                   QStringLiteral("vendor")});
     return boxes;
@@ -144,14 +150,9 @@ private slots:
             Sql::scalar(ctx.systemDb(), QStringLiteral("SELECT vendor FROM vendors WHERE code = 'ABC'"))->toString(),
             name);
 
-        const char* columns[] = {"customerid", "add1",       "add2",        "add3",     "county",
-                                 "postcode",   "repname",    "reptel",      "repemail", "contactname",
-                                 "contacttel", "contactfax", "contactemail"};
         VendorDetails details;
-        for (int i = 0; i < TypedDetailCount; ++i) {
-            const QString column = QString::fromLatin1(columns[i]);
-            details[F(i)] = fullText(column, fill, vendorSchema().columnLength(QStringLiteral("vendor"), column));
-        }
+        for (int i = 0; i < TypedDetailCount; ++i)
+            details[F(i)] = fullText(QString::fromLatin1(VendorColumns[i]), fill, vendorColumnLength(i));
         QVERIFY(VendorRecords::ValidateVendorDetails(details).passed());
         const auto saved =
             VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("ABC"), details, SaveMode::New);
@@ -163,10 +164,9 @@ private slots:
 
         for (int i = 0; i < TypedDetailCount; ++i) {
             VendorDetails longer = saved.value();
-            const int length = vendorSchema().columnLength(QStringLiteral("vendor"), QString::fromLatin1(columns[i]));
-            longer[F(i)] = QString(length + 1, QLatin1Char('7'));
+            longer[F(i)] = QString(vendorColumnLength(i) + 1, QLatin1Char('7'));
             QVERIFY2(!VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("ABC"), longer, SaveMode::Update),
-                     columns[i]);
+                     VendorColumns[i]);
             QCOMPARE(VendorRecords::LoadVendorDetails(ctx.dataDir(), QStringLiteral("ABC")).details.values,
                      details.values);
         }
