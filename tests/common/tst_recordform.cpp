@@ -37,27 +37,21 @@ enum { Code, Price, Expiry, Note };
 // Four boxes: a required code upper-cased and refused when empty, a money box, a date box and
 // an optional note; Enter goes code -> price -> note (skipping the expiry) -> Save.
 QList<FieldSpec> sampleFields() {
-    QList<FieldSpec> fields(4);
-    fields[Code] = {QStringLiteral("txtitem_0"),
-                    QStringLiteral("Code"),
-                    {},
-                    8,
-                    FieldNeed::Required,
-                    FieldKind::Text,
-                    Price,
-                    [](QString& text) -> std::optional<FieldProblem> {
-                        text = text.toUpper();
-                        if (text.isEmpty())
-                            return FieldProblem{QStringLiteral("Please enter a code"), QStringLiteral("Invalid"),
-                                                MessageIcon::Exclamation, Code};
-                        return std::nullopt;
-                    }};
-    fields[Price] = {QStringLiteral("txtitem_1"), QStringLiteral("Price"), {},   0,
-                     FieldNeed::Required,         FieldKind::Money,        Note, {}};
-    fields[Expiry] = {
-        QStringLiteral("txtitem_2"), QStringLiteral("Expiry"), {}, 0, FieldNeed::Fixed, FieldKind::Date, NextStays, {}};
-    fields[Note] = {QStringLiteral("txtitem_3"), QStringLiteral("Note"), {},         0,
-                    FieldNeed::Optional,         FieldKind::Text,        NextIsSave, {}};
+    const auto spec = [](int field, const char* caption, int length, FieldNeed need, FieldKind kind, int next) {
+        return FieldSpec{
+            QStringLiteral("txtitem_%1").arg(field), QString::fromLatin1(caption), {}, length, need, kind, next, {}};
+    };
+    QList<FieldSpec> fields{spec(Code, "Code", 8, FieldNeed::Required, FieldKind::Text, Price),
+                            spec(Price, "Price", 0, FieldNeed::Required, FieldKind::Money, Note),
+                            spec(Expiry, "Expiry", 0, FieldNeed::Fixed, FieldKind::Date, NextStays),
+                            spec(Note, "Note", 0, FieldNeed::Optional, FieldKind::Text, NextIsSave)};
+    fields[Code].onEnter = [](QString& text) -> std::optional<FieldProblem> {
+        text = text.toUpper();
+        if (text.isEmpty())
+            return FieldProblem{QStringLiteral("Please enter a code"), QStringLiteral("Invalid"),
+                                MessageIcon::Exclamation, Code};
+        return std::nullopt;
+    };
     return fields;
 }
 

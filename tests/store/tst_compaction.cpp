@@ -29,11 +29,6 @@ namespace {
 
 const QString Done = QStringLiteral("Database maintenance completed sucessfully");
 
-// Compaction may renumber the hidden row ids of keyed tables: the dump's rows are sorted.
-QMap<QString, QStringList> dump(const QString& path) {
-    return test::databaseDump(path);
-}
-
 // The main window with its menus wired, not shown (the maintenance entries need no more), and
 // the vendor `code` open when one is given.
 std::unique_ptr<MainWindow> menus(AppContext& ctx, const QString& code = {}, const QString& name = {}) {
@@ -70,7 +65,7 @@ private slots:
                                         "price, priceexp) SELECT printf('ITEM%06d', i), 'O''Hara''s long "
                                         "description of item ' || i, 6, 1, 12345 + i, '2026-12-31' FROM n")));
         QVERIFY(Sql::run(ctx.vendorDb(), QStringLiteral("DELETE FROM items WHERE code >= 'ITEM000050'")));
-        const auto before = dump(path);
+        const auto before = test::databaseDump(path);
         QCOMPARE(before.value(QStringLiteral("items")).size(), 50);
         const qint64 sizeBefore = QFileInfo(path).size();
         // A stale copy from an interrupted run: removed first, it must not become the result.
@@ -91,7 +86,7 @@ private slots:
         QCOMPARE(window->findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text(), QStringLiteral("Acme Ltd"));
         QVERIFY(ctx.hasVendorDb() && ctx.hasSystemDb());
         QCOMPARE(QFileInfo(ctx.vendorDb().databaseName()).canonicalFilePath(), QFileInfo(path).canonicalFilePath());
-        const auto after = dump(path);
+        const auto after = test::databaseDump(path);
         QVERIFY(Sql::run(ctx.vendorDb(), QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) "
                                                         "VALUES ('9', 0, 0, 'A')")));
         QCOMPARE(Sql::scalar(ctx.vendorDb(), QStringLiteral("SELECT max(codenum) FROM barcodes")).value().toInt(), 4);
@@ -148,7 +143,7 @@ private slots:
         const QString path = Store::systemDatabasePath(ctx.dataDir());
         auto window = menus(ctx);
         ctx.closeSystemDb();
-        const auto before = dump(path);
+        const auto before = test::databaseDump(path);
         const QByteArray bytesBefore = test::fileContents(path);
         QVERIFY(Store::OpenSystemDatabase(ctx.dataDir()));
 
@@ -177,7 +172,7 @@ private slots:
         QCOMPARE(tc.prompter().messages.first().title, QStringLiteral("Maintenance complete"));
         QCOMPARE(tc.prompter().messages.first().icon, MessageIcon::Information);
         QVERIFY(!QFileInfo::exists(ctx.dataFile(Store::CompactFileName)));
-        QCOMPARE(dump(path), before);
+        QCOMPARE(test::databaseDump(path), before);
         // The program carries on with the reopened file, writing included.
         QVERIFY(VendorRepository::deactivateVendor(ctx.systemDb(), QStringLiteral("ACM")));
     }

@@ -295,35 +295,25 @@ private slots:
             DatabaseFile::close(QString::fromLatin1(name));
     }
 
-    // A statement is prepared once and runs again with new values, rows and refusals included.
+    // A statement is prepared once and runs again with new values, after a refusal too.
     void preparedStatementRunsAgainWithNewValues() {
         test::TestFolders folders;
         QVERIFY(Store::CreateVendorDatabase(folders.dataDir(), QStringLiteral("ABC")));
         {
             auto db = Store::OpenVendorDatabase(folders.dataDir(), Store::vendorFileName(QStringLiteral("ABC")));
             QVERIFY(db);
-            {
-                Sql::Statement insert(*db, QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, "
-                                                          "priceexp) VALUES (?, ?, 1, 1, ?, '2030-01-01')"));
-                Sql::Statement lookUp(*db, QStringLiteral("SELECT descr, price FROM items WHERE code = ?"));
-                QVERIFY(insert.exec({QStringLiteral("A1"), QStringLiteral("Apple"), 150}));
-                QVERIFY(insert.exec({QStringLiteral("B2"), QStringLiteral("O'Brien's pear"), 275}));
-                QVERIFY(!insert.exec({QStringLiteral("a1"), QStringLiteral("Apple pie"), 1}));
-                QCOMPARE(insert.refusal(), Sql::Refusal::Duplicate);
-                QVERIFY(insert.exec({QStringLiteral("C3"), QStringLiteral("Cherry"), 5}));
-                QCOMPARE(insert.refusal(), Sql::Refusal::None);
-
-                for (const auto& [code, descr, price] :
-                     {std::tuple{"B2", "O'Brien's pear", 275}, {"A1", "Apple", 150}}) {
-                    QVERIFY(lookUp.exec({QString::fromLatin1(code)}));
-                    QVERIFY(lookUp.query().next());
-                    QCOMPARE(lookUp.query().value(0).toString(), QString::fromLatin1(descr));
-                    QCOMPARE(lookUp.query().value(1).toInt(), price);
-                }
-                QVERIFY(lookUp.exec({QStringLiteral("ZZ")}));
-                QVERIFY(!lookUp.query().next());
-            }
-            QCOMPARE(Sql::scalar(*db, QStringLiteral("SELECT count(*) FROM items")).value().toInt(), 3);
+            Sql::Statement insert(*db, QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, "
+                                                      "priceexp) VALUES (?, ?, 1, 1, ?, '2030-01-01')"));
+            Sql::Statement lookUp(*db, QStringLiteral("SELECT descr || ' ' || price FROM items WHERE code = ?"));
+            QVERIFY(insert.exec({QStringLiteral("A1"), QStringLiteral("Apple"), 150}));
+            QVERIFY(!insert.exec({QStringLiteral("a1"), QStringLiteral("Apple pie"), 1}));
+            QVERIFY(insert.exec({QStringLiteral("B2"), QStringLiteral("O'Brien's pear"), 275}));
+            QStringList found;
+            for (const char* code : {"B2", "A1", "ZZ"})
+                found << (lookUp.exec({QString::fromLatin1(code)}) && lookUp.query().next()
+                              ? lookUp.query().value(0).toString()
+                              : QStringLiteral("none"));
+            QCOMPARE(found, (QStringList{"O'Brien's pear 275", "Apple 150", "none"}));
         } // the connection is closed only once nothing uses it
         DatabaseFile::close(Store::VendorConnection);
     }
