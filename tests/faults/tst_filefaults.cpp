@@ -1,5 +1,6 @@
 // Files under the program that are damaged, read-only or held by another program: each is
 // told plainly, nothing stored changes, and the program goes on once the cause is gone.
+#include "LockHolder.h"
 #include "PrivateDisk.h"
 #include "app/VendorSession.h"
 #include "common/Sql.h"
@@ -24,10 +25,7 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QSqlQuery>
 #include <QTest>
-
-#include <cstdio>
 
 using namespace ordwell;
 
@@ -217,8 +215,7 @@ private slots:
         const auto before = test::databaseDump(systemPath);
 
         QProcess holder;
-        holder.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold-lock"), systemPath});
-        QVERIFY(holder.waitForReadyRead(10000) && holder.readLine().trimmed() == "locked");
+        QVERIFY(test::startLockHolder(holder, systemPath));
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression(QStringLiteral("^SQLite result 5 .*INSERT INTO vendors")));
         button(VendorRecordsForm::Save)->click();
@@ -252,22 +249,8 @@ private slots:
 };
 
 int main(int argc, char** argv) {
-    // The other program of the busy test: begins a write it never commits, says so, and holds
-    // it until its input closes.
-    if (argc == 3 && qstrcmp(argv[1], "--hold-lock") == 0) {
-        QCoreApplication app(argc, argv);
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
-        db.setDatabaseName(QString::fromLocal8Bit(argv[2]));
-        QSqlQuery q(db);
-        if (!db.open() || !q.exec(QStringLiteral("BEGIN IMMEDIATE")) ||
-            !q.exec(QStringLiteral("CREATE TABLE held_by_other (x)")))
-            return 1;
-        std::printf("locked\n");
-        std::fflush(stdout);
-        while (std::getchar() != EOF) {
-        }
-        return 0;
-    }
+    if (const int held = test::runLockHolder(argc, argv); held >= 0)
+        return held;
     QApplication app(argc, argv);
     TestFileFaults tests;
     QTEST_SET_MAIN_SOURCE_PATH

@@ -1,3 +1,4 @@
+#include "../faults/LockHolder.h"
 #include "app/MenuMasks.h"
 #include "app/VendorSession.h"
 #include "common/Sql.h"
@@ -18,10 +19,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSqlDatabase>
-#include <QSqlRecord>
 #include <QTest>
-#include <QUuid>
-#include <cstdio>
 
 using namespace ordwell;
 
@@ -149,8 +147,7 @@ private slots:
 
         // Another program in the middle of a write: a copy of this executable (see main).
         QProcess holder;
-        holder.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--hold-lock"), path});
-        QVERIFY(holder.waitForReadyRead(10000) && holder.readLine().trimmed() == "locked");
+        QVERIFY(test::startLockHolder(holder, path));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^SQLite result 5 .*BEGIN IMMEDIATE")));
         window->triggerMenu(QStringLiteral("mnucompsys"));
         QCOMPARE(tc.prompter().messages.size(), 1);
@@ -196,22 +193,8 @@ private slots:
 };
 
 int main(int argc, char** argv) {
-    // The other program of the busy-file test: begins a write it never commits, says so, and
-    // holds it until its input closes.
-    if (argc == 3 && qstrcmp(argv[1], "--hold-lock") == 0) {
-        QCoreApplication app(argc, argv);
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
-        db.setDatabaseName(QString::fromLocal8Bit(argv[2]));
-        QSqlQuery q(db);
-        if (!db.open() || !q.exec(QStringLiteral("BEGIN IMMEDIATE")) ||
-            !q.exec(QStringLiteral("CREATE TABLE held_by_other (x)")))
-            return 1;
-        std::printf("locked\n");
-        std::fflush(stdout);
-        while (std::getchar() != EOF) {
-        }
-        return 0;
-    }
+    if (const int held = test::runLockHolder(argc, argv); held >= 0)
+        return held;
     QApplication app(argc, argv);
     TestCompaction tests;
     QTEST_SET_MAIN_SOURCE_PATH

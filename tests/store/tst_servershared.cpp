@@ -7,7 +7,6 @@
 #include "app/VendorSession.h"
 #include "catalogue/ImportProgress.h"
 #include "catalogue/ItemImport.h"
-#include "catalogue/ItemRepository.h"
 #include "catalogue/PriceListReader.h"
 #include "common/Money.h"
 #include "common/Sql.h"
@@ -295,27 +294,6 @@ private slots:
         QCOMPARE(Sql::scalar(db, QStringLiteral("SELECT totalval FROM orderhead"))->toLongLong(),
                  Sql::scalar(db, QStringLiteral("SELECT sum(lineval) FROM orderline"))->toLongLong());
         QCOMPARE(Sql::scalar(db, QStringLiteral("SELECT count(*) FROM orderline"))->toInt(), 60);
-    }
-
-    // Two workstations editing one item: the second save is refused, and the first one's
-    // values stay.
-    void twoSavesOfOneItem() {
-        auto other = ServerStore::openVendor(QStringLiteral("pc-b"), server(), QStringLiteral("ABC"));
-        QVERIFY2(other, qPrintable(other.message()));
-        ItemRepository mine(QSqlDatabase::database(Conn));
-        ItemRepository theirs(*other);
-        const Item shown = mine.find(QStringLiteral("a1"))->value();
-        QCOMPARE(theirs.find(QStringLiteral("A1"))->value(), shown);
-        Item first = shown;
-        first.description = QStringLiteral("APPLES");
-        QVERIFY(theirs.update(first, shown));
-        Item second = shown;
-        second.price = Money::fromPence(1);
-        bool changedElsewhere = false;
-        const Status refused = mine.update(second, shown, &changedElsewhere);
-        QVERIFY(changedElsewhere);
-        QCOMPARE(refused.message(), ItemRepository::ChangedElsewhereText.arg(QStringLiteral("A1")));
-        QCOMPARE(mine.find(QStringLiteral("A1"))->value(), first);
     }
 
     // A vendor's own order form, imported on one workstation, prints on another whose data
