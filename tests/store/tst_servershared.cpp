@@ -168,14 +168,11 @@ private slots:
         std::thread b([&second] { second = drawNumbers(QStringLiteral("pc-b"), 500); });
         a.join();
         b.join();
-        QSet<QString> drawn;
-        for (const QString& number : first + second)
-            drawn.insert(number);
+        const QStringList drawn = first + second;
         QSet<QString> expected;
         for (int n = 1000001; n <= 1001000; ++n)
             expected.insert(QStringLiteral("ABC") + QString::number(n));
-        QCOMPARE(drawn.size(), 1000);
-        QCOMPARE(drawn, expected);
+        QCOMPARE(QSet<QString>(drawn.cbegin(), drawn.cend()), expected);
 
         // A workstation that keeps the counter locked holds the other up for two seconds at
         // most: then the other is told, rather than left frozen.
