@@ -1,7 +1,11 @@
 #include "PageBreaker.h"
 
+#include "reports/StackedDocument.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QPaintDevice>
+#include <QPainter>
+#include <QPalette>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
@@ -35,6 +39,18 @@ struct HeaderRows {
     double bodyBottom; // where the table's last row ends
 };
 
+// A block drawn on its own: its extent and where its layout is drawn from.
+struct DrawnBlock {
+    double top;
+    double bottom;
+    QTextBlock block;
+    QPointF at;
+};
+
+// Kept clear between what is drawn above a table and its header band, so that Qt, drawing the
+// band, does not take the line above for one that reaches into it.
+constexpr double DrawGap = 0.5;
+
 struct Cut {
     double y;
     bool weak; // straight after a heading: used only when the page has no other
@@ -44,21 +60,33 @@ struct Cut {
 // end and repeat their headers.
 class Survey {
 public:
-    explicit Survey(QTextDocument& document)
-        : m_document(document), m_layout(*document.documentLayout()),
-          m_deviceScale(m_layout.paintDevice() ? m_layout.paintDevice()->logicalDpiY() / 96.0 : 1.0) {}
+    // Adds a document whose top lies at `top` in the whole body.
+    void add(QTextDocument& document, double top) {
+        m_document = &document;
+        m_layout = document.documentLayout();
+        m_deviceScale = m_layout->paintDevice() ? m_layout->paintDevice()->logicalDpiY() / 96.0 : 1.0;
+        m_top = top;
+        frame(document.rootFrame());
+    }
 
-    void frame(QTextFrame* frame) {
-        for (auto it = frame->begin(); !it.atEnd(); ++it) {
-            if (QTextFrame* child = it.currentFrame()) {
-                if (auto* table = qobject_cast<QTextTable*>(child))
-                    this->table(table);
-                else
-                    this->frame(child);
-            } else {
-                lines(it.currentBlock());
-            }
+    // Adds what another survey found, in a document whose top lies at `top` in the whole body.
+    void append(const Survey& other, double top) {
+        for (Span span : other.spans) {
+            span.top += top;
+            span.bottom += top;
+            spans.push_back(span);
         }
+        for (double edge : other.tableEdges)
+            tableEdges.push_back(edge + top);
+        for (HeaderRows h : other.headers) {
+            h.top += top;
+            h.contentTop += top;
+            h.bottom += top;
+            h.bodyBottom += top;
+            headers.push_back(h);
+        }
+        for (const auto& [from, to] : other.keepTogether)
+            keepTogether.emplace_back(from + top, to + top);
     }
 
     std::vector<Span> spans;
@@ -67,12 +95,58 @@ public:
     // Cuts refused so that a table's header rows stay with its first body row.
     std::vector<std::pair<double, double>> keepTogether;
 
+    // For drawing: the blocks outside table header rows, each where its layout draws it, and
+    // the header rows' bands, which Qt draws with their shading.
+    std::vector<DrawnBlock> drawn;
+    std::vector<QRectF> headerBands;
+    // Nothing but text, tables without borders and shading in header rows only: what the blocks
+    // and bands above draw completely.
+    bool plain = true;
+
 private:
+    void note(const QTextBlock& block, const QRectF& rect) {
+        const QTextLayout* layout = block.layout();
+        const QTextBlockFormat format = block.blockFormat();
+        if (block.textList() || format.background().style() != Qt::NoBrush ||
+            format.hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth))
+            plain = false;
+        // An empty block shows nothing; Qt lays one straight before a table over its border.
+        if (block.length() <= 1)
+            return;
+        drawn.push_back({rect.top(), rect.bottom(), block, rect.topLeft() - layout->position()});
+        // Where its text ends: the block's rectangle takes in its bottom margin too.
+        double textBottom = rect.top();
+        if (layout->lineCount() > 0) {
+            const QTextLine last = layout->lineAt(layout->lineCount() - 1);
+            textBottom += last.y() + last.height();
+        }
+        drawnBottom = std::max(drawnBottom, textBottom);
+    }
+
+    // Where a block is in the whole body.
+    QRectF placed(const QTextBlock& block) const { return m_layout->blockBoundingRect(block).translated(0, m_top); }
+
+    void frame(QTextFrame* frame) {
+        for (auto it = frame->begin(); !it.atEnd(); ++it) {
+            if (QTextFrame* child = it.currentFrame()) {
+                if (auto* table = qobject_cast<QTextTable*>(child)) {
+                    this->table(table);
+                } else {
+                    plain = false;
+                    this->frame(child);
+                }
+            } else {
+                lines(it.currentBlock());
+            }
+        }
+    }
+
     // A paragraph outside tables may be cut between its lines.
     void lines(const QTextBlock& block) {
         if (!block.isVisible())
             return;
-        const QRectF rect = m_layout.blockBoundingRect(block);
+        const QRectF rect = placed(block);
+        note(block, rect);
         const QTextLayout* layout = block.layout();
         const bool heading = block.blockFormat().headingLevel() > 0;
         if (!layout || layout->lineCount() == 0) {
@@ -92,24 +166,33 @@ private:
             int row;
             int firstPosition;
         };
+        const QTextTableFormat format = table->format();
+        const int headerRows = format.headerRowCount();
+        if (format.border() > 0 || format.background().style() != Qt::NoBrush || !table->childFrames().isEmpty())
+            plain = false;
         std::vector<Cell> cells;
         for (int r = 0; r < table->rows(); ++r) {
             for (int c = 0; c < table->columns(); ++c) {
                 const QTextTableCell cell = table->cellAt(r, c);
-                if (cell.row() == r && cell.column() == c) // not the rest of a spanning cell
-                    cells.push_back({r, cell.firstPosition()});
+                if (cell.row() != r || cell.column() != c) // the rest of a spanning cell
+                    continue;
+                cells.push_back({r, cell.firstPosition()});
+                const QTextTableCellFormat look = cell.format().toTableCellFormat();
+                if ((r >= headerRows && look.background().style() != Qt::NoBrush) || look.topBorder() > 0 ||
+                    look.bottomBorder() > 0 || look.leftBorder() > 0 || look.rightBorder() > 0)
+                    plain = false;
             }
         }
         if (cells.empty())
             return;
         std::sort(cells.begin(), cells.end(),
                   [](const Cell& a, const Cell& b) { return a.firstPosition < b.firstPosition; });
-        const int headerRows = table->format().headerRowCount();
+        const double aboveTable = drawnBottom;
         double top = Infinity;
         double bottom = -Infinity;
         double headerBottom = -Infinity;
         double bodyTop = Infinity;
-        QTextBlock block = m_document.findBlock(cells.front().firstPosition);
+        QTextBlock block = m_document->findBlock(cells.front().firstPosition);
         for (size_t i = 0; i < cells.size(); ++i) {
             const int next = i + 1 < cells.size() ? cells[i + 1].firstPosition : table->lastPosition() + 1;
             double cellTop = Infinity;
@@ -117,9 +200,11 @@ private:
             for (; block.isValid() && block.position() < next; block = block.next()) {
                 if (!block.isVisible())
                     continue;
-                const QRectF rect = m_layout.blockBoundingRect(block);
+                const QRectF rect = placed(block);
                 cellTop = std::min(cellTop, rect.top());
                 cellBottom = std::max(cellBottom, rect.bottom());
+                if (cells[i].row >= headerRows)
+                    note(block, rect);
             }
             if (cellTop > cellBottom)
                 continue;
@@ -136,7 +221,6 @@ private:
         // The text sits inside the cell padding, the cell borders and the spacing between cells;
         // the table's edges are that far out. Qt does not say where a table is (its frame
         // rectangle is offset by the first cell), so this is worked out from the table's format.
-        const QTextTableFormat format = table->format();
         const double inset =
             (format.cellPadding() + format.cellSpacing() + 2 * format.border() + format.padding()) * m_deviceScale;
         tableEdges.push_back(top - inset);
@@ -144,12 +228,24 @@ private:
         if (headerRows > 0 && headerBottom <= bodyTop + Slack && bodyTop < Infinity) {
             headers.push_back({top - inset, top, (headerBottom + bodyTop) / 2, bottom});
             keepTogether.emplace_back(top, bodyTop);
+            // Not reaching up to what is drawn above the table, which would be drawn twice.
+            const double bandTop = std::max(top - inset, aboveTable + DrawGap);
+            const double bandBottom = (headerBottom + bodyTop) / 2;
+            if (bandTop < top)
+                headerBands.emplace_back(0, bandTop, Infinity, bandBottom - bandTop);
+            else
+                plain = false;
+        } else if (headerRows > 0) {
+            plain = false;
         }
     }
 
-    QTextDocument& m_document;
-    QAbstractTextDocumentLayout& m_layout;
-    double m_deviceScale;
+    double drawnBottom = -Infinity;
+
+    QTextDocument* m_document = nullptr;
+    QAbstractTextDocumentLayout* m_layout = nullptr;
+    double m_deviceScale = 1;
+    double m_top = 0;
 };
 
 // The places between spans where a page may end, top to bottom. Header bands are trimmed so
@@ -217,6 +313,48 @@ QList<QRectF> headersAt(const std::vector<HeaderRows>& headers, double y, double
 
 } // namespace
 
+struct PageSurvey::Data {
+    Survey survey;
+    double tallest = 0; // the tallest drawn block
+};
+
+PageSurvey::PageSurvey(QTextDocument& document) : d(std::make_unique<Data>()) {
+    Survey& survey = d->survey;
+    survey.add(document, 0);
+    std::stable_sort(survey.drawn.begin(), survey.drawn.end(),
+                     [](const DrawnBlock& a, const DrawnBlock& b) { return a.top < b.top; });
+    for (const DrawnBlock& b : survey.drawn)
+        d->tallest = std::max(d->tallest, b.bottom - b.top);
+}
+
+PageSurvey::~PageSurvey() = default;
+
+void PageSurvey::draw(QPainter& painter, QTextDocument& document, const QRectF& band) const {
+    const Survey& survey = d->survey;
+    if (!survey.plain) {
+        document.drawContents(&painter, band);
+        return;
+    }
+    // Qt's own drawing of a table works out every cell's borders, page by page, even when it
+    // has none: for a long report that is most of the time its pages take. Text and header
+    // rows come out the same drawn as below.
+    painter.save();
+    painter.setClipRect(band);
+    for (const QRectF& header : survey.headerBands) {
+        const QRectF shown = header.intersected(band);
+        if (shown.height() > 0)
+            document.drawContents(&painter, shown);
+    }
+    painter.setPen(QPalette().color(QPalette::Text));
+    auto first = std::lower_bound(survey.drawn.cbegin(), survey.drawn.cend(), band.top() - d->tallest,
+                                  [](const DrawnBlock& b, double y) { return b.top < y; });
+    for (auto it = first; it != survey.drawn.cend() && it->top < band.bottom(); ++it) {
+        if (it->bottom > band.top())
+            it->block.layout()->draw(&painter, it->at, {}, band);
+    }
+    painter.restore();
+}
+
 double PageSlice::headerHeight() const {
     double height = 0;
     for (const QRectF& band : repeatedHeaders)
@@ -224,11 +362,9 @@ double PageSlice::headerHeight() const {
     return height;
 }
 
-QList<PageSlice> PageBreaker::paginate(QTextDocument& document, double bodyHeight) {
-    const QSizeF size = document.documentLayout()->documentSize();
-    const double documentHeight = size.height();
-    Survey survey(document);
-    survey.frame(document.rootFrame());
+namespace {
+
+QList<PageSlice> paginateSurveyed(Survey& survey, double documentHeight, double width, double bodyHeight) {
     const std::vector<Cut> cuts = cutsOf(survey, documentHeight);
 
     QList<PageSlice> pages;
@@ -255,8 +391,20 @@ QList<PageSlice> PageBreaker::paginate(QTextDocument& document, double bodyHeigh
             y = (to - 1)->y;
         page.bottom = y;
         pages << page;
-        page = PageSlice{y, 0, headersAt(survey.headers, y, size.width(), bodyHeight)};
+        page = PageSlice{y, 0, headersAt(survey.headers, y, width, bodyHeight)};
     }
+}
+
+} // namespace
+
+QList<PageSlice> PageBreaker::paginate(const StackedDocument& body, double bodyHeight) {
+    Survey survey;
+    double width = body.width();
+    for (const StackedDocument::Part& part : body.parts()) {
+        survey.append(part.survey->d->survey, part.top);
+        width = std::max(width, part.document->documentLayout()->documentSize().width());
+    }
+    return paginateSurveyed(survey, body.height(), width, bodyHeight);
 }
 
 } // namespace ordwell

@@ -1,6 +1,7 @@
 #include "RenderedReport.h"
 
 #include "reports/PageBreaker.h"
+#include "reports/StackedDocument.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QDir>
@@ -18,31 +19,6 @@ namespace ordwell {
 namespace {
 
 constexpr double GapMm = 4; // between the page header or footer and the body
-
-// Laid out as one endless page: the body is cut into pages afterwards (see PageBreaker).
-std::unique_ptr<QTextDocument> layOut(const QString& html, QPaintDevice& device, const QFont& font, double width) {
-    auto doc = std::make_unique<QTextDocument>();
-    doc->setUndoRedoEnabled(false);
-    // Measured in the device's own units, so fonts and widths come out right on paper.
-    doc->documentLayout()->setPaintDevice(&device);
-    doc->setDefaultFont(font);
-    doc->setDocumentMargin(0);
-    doc->setTextWidth(width);
-    doc->setHtml(html);
-    // Keep each block's shaped text once it is laid out: otherwise painting a page shapes every
-    // line it draws a second time, which for a long report costs as much as its PDF output.
-    for (QTextBlock block = doc->begin(); block.isValid(); block = block.next())
-        block.layout()->setCacheEnabled(true);
-    return doc;
-}
-
-// Draws the band [top, top + height) of a document with its top at the painter's y.
-void drawBand(QPainter& painter, QTextDocument& doc, const QRectF& band, double y) {
-    painter.save();
-    painter.translate(0, y - band.top());
-    doc.drawContents(&painter, band);
-    painter.restore();
-}
 
 } // namespace
 
@@ -80,7 +56,7 @@ Result<int> RenderedReport::paint(QPagedPaintDevice& device) const {
         auto html = pageText(tpl, QStringLiteral("9999"), QStringLiteral("9999"));
         if (!html)
             return html.status();
-        return layOut(*html, device, font, width)->size().height() + gap;
+        return StackedDocument::layOut(*html, device, font, width)->size().height() + gap;
     };
     const auto headerHeight = measure(m_header.get());
     if (!headerHeight)
@@ -92,8 +68,8 @@ Result<int> RenderedReport::paint(QPagedPaintDevice& device) const {
     if (bodyHeight < height / 4)
         return Status::fail(QStringLiteral("the page header and footer leave too little room for the report"));
 
-    auto body = layOut(m_bodyHtml, device, font, width);
-    const QList<PageSlice> slices = PageBreaker::paginate(*body, bodyHeight);
+    const StackedDocument body(m_bodyHtml, device, font, width);
+    const QList<PageSlice> slices = PageBreaker::paginate(body, bodyHeight);
     const int pages = int(slices.size());
 
     QPainter painter;
@@ -114,7 +90,7 @@ Result<int> RenderedReport::paint(QPagedPaintDevice& device) const {
             if (!html)
                 return html.status();
             if (!header || *html != lastHeaderHtml) {
-                header = layOut(*html, device, font, width);
+                header = StackedDocument::layOut(*html, device, font, width);
                 lastHeaderHtml = *html;
             }
             header->drawContents(&painter);
@@ -122,16 +98,16 @@ Result<int> RenderedReport::paint(QPagedPaintDevice& device) const {
         const PageSlice& slice = slices.at(page);
         double y = *headerHeight;
         for (const QRectF& band : slice.repeatedHeaders) {
-            drawBand(painter, *body, band, y);
+            body.draw(painter, band, y);
             y += band.height();
         }
-        drawBand(painter, *body, QRectF(0, slice.top, width, slice.bottom - slice.top), y);
+        body.draw(painter, QRectF(0, slice.top, width, slice.bottom - slice.top), y);
         if (m_footer) {
             auto html = pageText(m_footer.get(), pageNumber, pagesText);
             if (!html)
                 return html.status();
             if (!footer || *html != lastFooterHtml) {
-                footer = layOut(*html, device, font, width);
+                footer = StackedDocument::layOut(*html, device, font, width);
                 lastFooterHtml = *html;
             }
             painter.save();

@@ -2,6 +2,7 @@
 // line of text is cut through, headings and table header rows are not left at the foot of a
 // page, and a table running on to the next page has its header rows repeated there.
 #include "reports/PageBreaker.h"
+#include "reports/StackedDocument.h"
 #include "support/TestSupport.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -65,61 +66,62 @@ QString monthTables() {
     return html;
 }
 
+// A body laid out as the reports lay it out, in one part or cut into several.
 class Body {
 public:
-    explicit Body(const QString& html) : m_device(10, 10, QImage::Format_RGB32) {
+    explicit Body(const QString& html, int parts = 1) : m_device(10, 10, QImage::Format_RGB32) {
         // 300 dpi, like paper: table padding and spacing are scaled to the device.
         m_device.setDotsPerMeterX(11811);
         m_device.setDotsPerMeterY(11811);
-        m_doc.setUndoRedoEnabled(false);
-        m_doc.documentLayout()->setPaintDevice(&m_device);
-        m_doc.setDocumentMargin(0);
-        m_doc.setTextWidth(2000);
-        m_doc.setHtml(html);
+        m_stack = std::make_unique<StackedDocument>(QStringLiteral("<html><body>%1</body></html>").arg(html), m_device,
+                                                    QFont(), 2000, parts);
     }
-    QTextDocument& doc() { return m_doc; }
-    double height() { return m_doc.documentLayout()->documentSize().height(); }
-
-    Piece blockPiece(const QTextBlock& b, const QString& what) const {
-        const QRectF r = m_doc.documentLayout()->blockBoundingRect(b);
-        return {r.top(), r.bottom(), b.blockFormat().headingLevel() > 0, what};
-    }
+    const StackedDocument& doc() const { return *m_stack; }
+    double height() const { return m_stack->height(); }
 
     // Every line outside tables, and every whole table row, top to bottom.
-    QList<Piece> pieces(QList<TableRows>* tables = nullptr) {
+    QList<Piece> pieces(QList<TableRows>* tables = nullptr) const {
         QList<Piece> found;
         double above = 0;
-        for (auto it = m_doc.rootFrame()->begin(); !it.atEnd(); ++it) {
-            if (auto* table = qobject_cast<QTextTable*>(it.currentFrame())) {
-                TableRows rows;
-                rows.bottomOfWhatIsAbove = above;
-                for (int r = 0; r < table->rows(); ++r) {
-                    Piece row{1e18, -1e18, false, QStringLiteral("row %1 of a table").arg(r)};
-                    for (int c = 0; c < table->columns(); ++c) {
-                        const QTextTableCell cell = table->cellAt(r, c);
-                        for (QTextBlock b = m_doc.findBlock(cell.firstPosition());
-                             b.isValid() && b.position() <= cell.lastPosition(); b = b.next()) {
-                            const Piece p = blockPiece(b, {});
-                            row.top = std::min(row.top, p.top);
-                            row.bottom = std::max(row.bottom, p.bottom);
+        for (const StackedDocument::Part& part : m_stack->parts()) {
+            QTextDocument& doc = *part.document;
+            auto blockPiece = [&](const QTextBlock& b, const QString& what) {
+                const QRectF r = doc.documentLayout()->blockBoundingRect(b).translated(0, part.top);
+                return Piece{r.top(), r.bottom(), b.blockFormat().headingLevel() > 0, what};
+            };
+            for (auto it = doc.rootFrame()->begin(); !it.atEnd(); ++it) {
+                if (auto* table = qobject_cast<QTextTable*>(it.currentFrame())) {
+                    TableRows rows;
+                    rows.bottomOfWhatIsAbove = above;
+                    for (int r = 0; r < table->rows(); ++r) {
+                        Piece row{1e18, -1e18, false, QStringLiteral("row %1 of a table").arg(r)};
+                        for (int c = 0; c < table->columns(); ++c) {
+                            const QTextTableCell cell = table->cellAt(r, c);
+                            for (QTextBlock b = doc.findBlock(cell.firstPosition());
+                                 b.isValid() && b.position() <= cell.lastPosition(); b = b.next()) {
+                                const Piece p = blockPiece(b, {});
+                                row.top = std::min(row.top, p.top);
+                                row.bottom = std::max(row.bottom, p.bottom);
+                            }
                         }
+                        row.what +=
+                            QStringLiteral(" starting ") + table->cellAt(r, 0).firstCursorPosition().block().text();
+                        rows.rows << row;
+                        found << row;
+                        above = std::max(above, row.bottom);
                     }
-                    row.what += QStringLiteral(" starting ") + table->cellAt(r, 0).firstCursorPosition().block().text();
-                    rows.rows << row;
-                    found << row;
-                    above = std::max(above, row.bottom);
+                    if (tables)
+                        *tables << rows;
+                } else if (it.currentBlock().isValid() && !it.currentBlock().text().isEmpty()) {
+                    const QTextBlock b = it.currentBlock();
+                    const Piece block = blockPiece(b, b.text().left(20));
+                    for (int i = 0; i < b.layout()->lineCount(); ++i) {
+                        const QTextLine line = b.layout()->lineAt(i);
+                        found << Piece{block.top + line.y(), block.top + line.y() + line.height(), block.heading,
+                                       QStringLiteral("line %1 of \"%2\"").arg(i).arg(block.what)};
+                    }
+                    above = std::max(above, block.bottom);
                 }
-                if (tables)
-                    *tables << rows;
-            } else if (it.currentBlock().isValid() && !it.currentBlock().text().isEmpty()) {
-                const QTextBlock b = it.currentBlock();
-                const Piece block = blockPiece(b, b.text().left(20));
-                for (int i = 0; i < b.layout()->lineCount(); ++i) {
-                    const QTextLine line = b.layout()->lineAt(i);
-                    found << Piece{block.top + line.y(), block.top + line.y() + line.height(), block.heading,
-                                   QStringLiteral("line %1 of \"%2\"").arg(i).arg(block.what)};
-                }
-                above = std::max(above, block.bottom);
             }
         }
         return found;
@@ -127,7 +129,7 @@ public:
 
 private:
     QImage m_device;
-    QTextDocument m_doc;
+    std::unique_ptr<StackedDocument> m_stack;
 };
 
 // The pages cover the body from top to bottom, in order, and each fits.
@@ -152,15 +154,21 @@ class TestPageBreaker : public test::StrictTest {
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
+    // Laid out whole, and cut into parts laid out side by side: the pages follow the same rules.
     void longReportBreaksBetweenRows_data() {
         QTest::addColumn<double>("bodyHeight");
-        QTest::newRow("short pages") << 700.0;
-        QTest::newRow("A4-like pages") << 2900.0;
-        QTest::newRow("tall pages") << 6100.0;
+        QTest::addColumn<int>("parts");
+        for (int parts : {1, 7}) {
+            QTest::addRow("short pages, %d part(s)", parts) << 700.0 << parts;
+            QTest::addRow("A4-like pages, %d part(s)", parts) << 2900.0 << parts;
+            QTest::addRow("tall pages, %d part(s)", parts) << 6100.0 << parts;
+        }
     }
     void longReportBreaksBetweenRows() {
         QFETCH(double, bodyHeight);
-        Body body(monthTables());
+        QFETCH(int, parts);
+        Body body(monthTables(), parts);
+        QCOMPARE(body.doc().parts().size() > 1, parts > 1);
         QList<TableRows> tables;
         const QList<Piece> pieces = body.pieces(&tables);
         const QList<PageSlice> pages = PageBreaker::paginate(body.doc(), bodyHeight);
@@ -260,6 +268,31 @@ private slots:
         QCOMPARE(pages.size(), 1);
         QVERIFY(pages.first().repeatedHeaders.isEmpty());
         QCOMPARE(pages.first().bottom, body.height());
+    }
+
+    // A body is cut only straight after a table that nothing encloses, and every part is a whole
+    // document with the body's head, so that its style sheet still applies.
+    void splitOnlyBetweenTopLevelTables() {
+        const QString table = QStringLiteral("<table><tr><td>x</td></tr></table>");
+        const QString head = QStringLiteral("<html><head><style>h3 { font-size: 10pt; }</style></head><body>");
+        const QString tail = QStringLiteral("</body></html>");
+        for (const QString& whole : {head + QStringLiteral("<div>") + table + table + QStringLiteral("</div>") + tail,
+                                     head + QStringLiteral("<b>") + table + table + tail, table + table + table})
+            QCOMPARE(StackedDocument::split(whole, 4), QStringList{whole});
+
+        QString content;
+        for (int i = 0; i < 8; ++i)
+            content += QStringLiteral("<h3>Month %1</h3>").arg(i) + table + QStringLiteral("<!-- </table> -->");
+        const QStringList pieces = StackedDocument::split(head + content + tail, 3);
+        QCOMPARE(pieces.size(), 3);
+        QString joined;
+        for (const QString& piece : pieces) {
+            QVERIFY(piece.startsWith(head) && piece.endsWith(tail));
+            const QString middle = piece.mid(head.size(), piece.size() - head.size() - tail.size());
+            QVERIFY(middle.endsWith(QStringLiteral("</table>")) || &piece == &pieces.last());
+            joined += middle;
+        }
+        QCOMPARE(joined, content);
     }
 
     // A page with no room at all cannot be cut into; the body comes back whole, not in an
