@@ -4,6 +4,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QAbstractTextDocumentLayout>
+#include <QCoreApplication>
 #include <QFont>
 #include <QPaintDevice>
 #include <QPainter>
@@ -11,6 +12,7 @@
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QThread>
+#include <QThreadPool>
 #include <QtConcurrent/QtConcurrentMap>
 #include <algorithm>
 
@@ -174,10 +176,6 @@ std::unique_ptr<QTextDocument> StackedDocument::layOut(const QString& html, cons
     for (QTextBlock block = doc->begin(); block.isValid(); block = block.next())
         block.layout()->setCacheEnabled(true);
     doc->size(); // lays it out here, on the thread that made it
-    // The layout ends by starting a zero timer to announce its size: let it fire here, so that no
-    // timer of this thread is left running when the document moves to another.
-    if (QAbstractEventDispatcher* dispatcher = QThread::currentThread()->eventDispatcher())
-        dispatcher->processEvents(QEventLoop::AllEvents);
     return doc;
 }
 
@@ -186,17 +184,25 @@ StackedDocument::StackedDocument(const QString& html, const QPaintDevice& device
     : m_metrics(std::make_unique<MetricsOnly>(device)), m_width(width) {
     if (wantedParts <= 0) {
         const int cores = std::max(1, QThread::idealThreadCount());
-        wantedParts = int(std::min<qsizetype>(4 * cores, html.size() / MinPartChars));
+        wantedParts = int(std::min<qsizetype>(8 * cores, html.size() / MinPartChars));
     }
     const QStringList pieces = split(html, wantedParts);
     m_documents.resize(std::size_t(pieces.size()));
     m_surveys.resize(std::size_t(pieces.size()));
-    QThread* here = QThread::currentThread();
     const QPaintDevice& metrics = *m_metrics;
+    QThread* mainThread = QCoreApplication::instance() ? QCoreApplication::instance()->thread() : nullptr;
     auto layOutPiece = [&](qsizetype i) {
         auto doc = layOut(pieces.at(i), metrics, font, width);
         m_surveys[std::size_t(i)] = std::make_unique<PageSurvey>(*doc);
-        doc->moveToThread(here); // painted, and in the end deleted, here
+        QThread* here = QThread::currentThread();
+        if (here != mainThread) {
+            // The layout ends by starting a zero timer to announce its size: let it fire on this
+            // pool thread, which has no other events, and then tie the document to no thread,
+            // so that it can be painted here and taken apart on any thread.
+            if (QAbstractEventDispatcher* dispatcher = here->eventDispatcher())
+                dispatcher->processEvents(QEventLoop::AllEvents);
+            doc->moveToThread(nullptr);
+        }
         m_documents[std::size_t(i)] = std::move(doc);
     };
     if (pieces.size() == 1) {
@@ -214,7 +220,29 @@ StackedDocument::StackedDocument(const QString& html, const QPaintDevice& device
 }
 
 StackedDocument::~StackedDocument() {
-    m_documents.clear(); // before the device they were measured on
+    // Taking a long report's documents apart takes a good part of a second, and nobody waits
+    // for it: those tied to no thread go on the pool, with the device they were measured on.
+    struct Remains {
+        std::vector<std::unique_ptr<QTextDocument>> documents;
+        std::vector<std::unique_ptr<PageSurvey>> surveys;
+        std::unique_ptr<QPaintDevice> metrics;
+        ~Remains() {
+            surveys.clear();
+            documents.clear(); // before the device
+        }
+    };
+    auto remains = std::make_shared<Remains>();
+    for (auto& doc : m_documents) {
+        if (doc->thread() == nullptr)
+            remains->documents.push_back(std::move(doc));
+    }
+    m_parts.clear();
+    m_surveys.clear();
+    m_documents.clear(); // those of this thread, before the device
+    if (remains->documents.empty())
+        return;
+    remains->metrics = std::move(m_metrics);
+    QThreadPool::globalInstance()->start([remains = std::move(remains)]() mutable { remains.reset(); });
 }
 
 void StackedDocument::draw(QPainter& painter, const QRectF& band, double y) const {
