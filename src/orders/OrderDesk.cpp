@@ -1,5 +1,6 @@
 #include "orders/OrderDesk.h"
 
+#include "orders/OrderCancellation.h"
 #include "orders/OrderTransitions.h"
 
 namespace ordwell {
@@ -62,9 +63,56 @@ Result<bool> OrderDesk::countReceipt(const QSqlDatabase& db, const QString& orde
     return totals->complete();
 }
 
+DeskStep OrderDesk::cancel(const QSqlDatabase& db, const QString& orderId) {
+    if (const Status cancelled = OrderCancellation::CancelOrder(db, orderId); !cancelled)
+        return DeskStep::failure(QStringLiteral("The order could not be cancelled; it stays as it was."), cancelled);
+    return DeskStep::to(DeskScreen::Idle);
+}
+
+DeskStep OrderDesk::startReceiving(const QSqlDatabase& db, const QString& orderId) {
+    if (const Status started = Receiving::StartReceiving(db, orderId); !started)
+        return DeskStep::failure(QStringLiteral("Receiving could not begin."), started);
+    const auto complete = countReceipt(db, orderId);
+    if (!complete)
+        return DeskStep::failure(QStringLiteral("The order's lines could not be counted."), complete.status());
+    if (*complete) // everything had come already
+        return receiveAll(db, orderId);
+    return DeskStep::to(DeskScreen::Receiving);
+}
+
+ReceiptStep OrderDesk::receive(const QSqlDatabase& db, const QString& orderId, const QString& code,
+                               const QString& typed, int outstanding) {
+    ReceiptStep step;
+    step.next = DeskScreen::Receiving;
+    const auto judged = Receiving::JudgeReceivedQuantity(typed, outstanding);
+    step.verdict = judged.verdict;
+    if (judged.verdict != Receiving::Verdict::Book)
+        return step;
+    const auto booked = Receiving::ReceiveLine(db, orderId, code, judged.quantity);
+    if (!booked) {
+        step.status = booked.status();
+        step.failed = QStringLiteral("The receipt could not be stored.");
+        return step;
+    }
+    step.line = booked.value();
+    if (this->booked(judged.quantity)) {
+        const DeskStep closed = receiveAll(db, orderId);
+        step.next = closed.next;
+        step.status = closed.status;
+        step.failed = closed.failed;
+    }
+    return step;
+}
+
 bool OrderDesk::booked(int quantity) {
     receivedTotal += quantity;
     return receivedTotal == orderedTotal;
+}
+
+DeskStep OrderDesk::receiveAll(const QSqlDatabase& db, const QString& orderId) {
+    if (const Status done = Receiving::CompleteReceipt(db, orderId); !done)
+        return DeskStep::failure(QStringLiteral("The order could not be closed as received."), done);
+    return DeskStep::to(DeskScreen::Idle);
 }
 
 } // namespace ordwell

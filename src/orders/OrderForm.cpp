@@ -318,7 +318,7 @@ void OrderForm::ResetToIdle() {
     ClearLineGrid();
     for (QLineEdit* box : m_ui.txtitem)
         box->clear();
-    applyScreen(Screen::Idle);
+    applyScreen(DeskScreen::Idle);
     focusOn(m_ui.cmdbutton[MainButton::NewOrder]);
 }
 

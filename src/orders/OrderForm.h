@@ -53,9 +53,8 @@ public:
     void ReleaseShownOrder();
     void ExitOrderForm();
 
-    // The form's named screens, each applied from one table: what is shown, locked and enabled.
-    enum class Screen { Idle, Browsing, ShownForAction, TakenUp, Recovered, Receiving };
-    void applyScreen(Screen screen);
+    // Applies one of the desk's named screens from one table: what is shown, locked and enabled.
+    void applyScreen(DeskScreen screen);
 
     // Screen-state routines: each sets exactly what it names.
     void ShowNavigationBar(bool on);
@@ -179,11 +178,11 @@ private:
     void clearEntryBoxes();
     void LockReceiveBox(bool locked);
     void StartReceiving();
-    void CountReceipt();
     void ReceiveRowChosen(int row);
     bool txtrcvqty_KeyPress(QKeyEvent* key);
     void cmdrecv_Click();
-    void CompleteReceipt(bool wholeLine);
+    // The received order closes and the form goes idle; told first when its last line came.
+    void CloseReceivedOrder(bool lastLineCame);
 
     OrderFormControls m_ui;
     OrderDesk m_desk;

@@ -25,9 +25,9 @@ void OrderForm::cmdcancelord_Click() {
         return;
     }
     CloseOrderLines();
-    const Status cancelled = OrderCancellation::CancelOrder(vendorDb(), ui.txtheader[Header::OrderNumber]->text());
-    if (!cancelled) {
-        reportFailure(QStringLiteral("The order could not be cancelled; it stays as it was."), cancelled.message());
+    const DeskStep step = OrderDesk::cancel(vendorDb(), ui.txtheader[Header::OrderNumber]->text());
+    if (!step.status) {
+        reportFailure(step.failed, step.status.message());
         return;
     }
     ResetToIdle();
@@ -38,7 +38,7 @@ void OrderForm::BeginLiveOrder() {
         OpenItems();
     if (!RulesLoaded)
         LoadBarcodeRules();
-    applyScreen(Screen::Recovered);
+    applyScreen(DeskScreen::Recovered);
     RecoverLiveOrder();
     if (m_ui.txtheader[Header::OrderNumber]->text().isEmpty()) {
         // Nothing was left live after all: offer the idle form rather than entry into nothing.

@@ -18,7 +18,7 @@
 namespace ordwell {
 
 void OrderForm::ShowOrderForAction() {
-    applyScreen(Screen::ShownForAction);
+    applyScreen(DeskScreen::ShownForAction);
 }
 
 QLineEdit* OrderForm::headerBox(int index) {
@@ -72,7 +72,7 @@ bool OrderForm::listIsEmpty() {
 }
 
 void OrderForm::showList() {
-    applyScreen(Screen::Browsing);
+    applyScreen(DeskScreen::Browsing);
     showCurrentOrder();
     UpdateNavigation();
     ClearLineGrid();
@@ -111,7 +111,7 @@ void OrderForm::beginChoosing() {
 // A live or entered order chosen from the load list is taken up for entry again.
 void OrderForm::takeUp() {
     const QString number = headerBox(Header::OrderNumber)->text();
-    applyScreen(Screen::TakenUp);
+    applyScreen(DeskScreen::TakenUp);
     // Order and lines turn live together, so a crash cannot leave them apart.
     const Status done = OrderDesk::takeUp(vendorDb(), number, QDate::currentDate());
     if (!done)

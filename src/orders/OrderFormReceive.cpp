@@ -36,32 +36,21 @@ void OrderForm::LockReceiveBox(bool locked) {
 
 void OrderForm::StartReceiving() {
     m_ui.lblinfo->setText(QStringLiteral("Receiving order"));
-    applyScreen(Screen::Receiving);
+    applyScreen(DeskScreen::Receiving);
     LockReceiveBox(true);
-    const Status started = Receiving::StartReceiving(vendorDb(), orderNumber());
-    if (!started) {
-        reportFailure(QStringLiteral("Receiving could not begin."), started.message());
+    const DeskStep step = m_desk.startReceiving(vendorDb(), orderNumber());
+    if (!step.status) {
+        reportFailure(step.failed, step.status.message());
         return;
     }
     m_ui.txtheader[Header::Status]->setText(QStringLiteral("S - PART RECEIVED"));
     // The grid shows what is still to come of each line.
     ClearLineGrid();
     LoadOrderLines();
-    CountReceipt();
-}
-
-void OrderForm::CountReceipt() {
-    const auto complete = m_desk.countReceipt(vendorDb(), orderNumber());
-    if (!complete) {
-        reportFailure(QStringLiteral("The order's lines could not be counted."), complete.message());
-        return;
-    }
-    if (!*complete) {
+    if (step.next == DeskScreen::Idle) // everything had come already
+        CloseReceivedOrder(true);
+    else
         focusOn(m_ui.cmdrecv);
-        return;
-    }
-    // Everything has come already.
-    CompleteReceipt(true);
 }
 
 void OrderForm::ReceiveRowChosen(int row) {
@@ -86,33 +75,30 @@ bool OrderForm::txtrcvqty_KeyPress(QKeyEvent* key) {
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter && key->key() != Qt::Key_Tab)
         return false;
     OrderFormControls& ui = m_ui;
-    const int outstanding = ui.txtitem[Entry::Qty]->text().toInt();
-    const auto judged = Receiving::JudgeReceivedQuantity(ui.txtrcvqty->text(), outstanding);
-    switch (judged.verdict) {
-    case Receiving::Verdict::Ignore:
-        break;
-    case Receiving::Verdict::Book: {
-        const auto booked =
-            Receiving::ReceiveLine(vendorDb(), orderNumber(), ui.txtitem[Entry::Code]->text(), judged.quantity);
-        if (!booked) {
-            reportFailure(QStringLiteral("The receipt could not be stored."), booked.message());
-            break;
-        }
-        const Receiving::ReceivedLine& line = booked.value();
+    const ReceiptStep step = m_desk.receive(vendorDb(), orderNumber(), ui.txtitem[Entry::Code]->text(),
+                                            ui.txtrcvqty->text(), ui.txtitem[Entry::Qty]->text().toInt());
+    if (step.line) {
+        const Receiving::ReceivedLine& line = *step.line;
         ShowLineRow(line.line, line.code, ui.txtitem[Entry::Description]->text(), line.outstanding(), line.price,
                     ui.txtitem[Entry::Pack]->text().toInt(), line.status);
+    }
+    if (step.line || step.verdict == Receiving::Verdict::PassOver) {
         clearEntryBoxes();
         LockReceiveBox(true);
-        if (m_desk.booked(judged.quantity))
-            CompleteReceipt(true);
+    }
+    if (!step.status) {
+        reportFailure(step.failed, step.status.message());
+        return true;
+    }
+    switch (step.verdict) {
+    case Receiving::Verdict::Ignore:
+        break;
+    case Receiving::Verdict::Book:
+    case Receiving::Verdict::PassOver:
+        if (step.next == DeskScreen::Idle)
+            CloseReceivedOrder(true);
         else
             focusOn(ui.cmdrecv);
-        break;
-    }
-    case Receiving::Verdict::PassOver:
-        clearEntryBoxes();
-        LockReceiveBox(true);
-        focusOn(ui.cmdrecv);
         break;
     case Receiving::Verdict::Refuse:
         ui.txtrcvqty->clear();
@@ -123,18 +109,19 @@ bool OrderForm::txtrcvqty_KeyPress(QKeyEvent* key) {
 }
 
 void OrderForm::cmdrecv_Click() {
-    if (appContext().prompter().ask(Receiving::ReceiveAllText, Receiving::ReceiveAllTitle, MessageIcon::None))
-        CompleteReceipt(false);
-}
-
-void OrderForm::CompleteReceipt(bool wholeLine) {
-    if (wholeLine)
-        appContext().prompter().message(Receiving::CompleteText, Receiving::CompleteTitle, MessageIcon::None);
-    const Status done = Receiving::CompleteReceipt(vendorDb(), orderNumber());
-    if (!done) {
-        reportFailure(QStringLiteral("The order could not be closed as received."), done.message());
+    if (!appContext().prompter().ask(Receiving::ReceiveAllText, Receiving::ReceiveAllTitle, MessageIcon::None))
+        return;
+    const DeskStep step = OrderDesk::receiveAll(vendorDb(), orderNumber());
+    if (!step.status) {
+        reportFailure(step.failed, step.status.message());
         return;
     }
+    CloseReceivedOrder(false);
+}
+
+void OrderForm::CloseReceivedOrder(bool lastLineCame) {
+    if (lastLineCame)
+        appContext().prompter().message(Receiving::CompleteText, Receiving::CompleteTitle, MessageIcon::None);
     CloseOrderLines();
     FinishShownOrder();
     ResetToIdle();

@@ -18,7 +18,7 @@ void enableWithTabStop(QWidget* widget, bool on) {
 }
 // One screen: for each routine, on (1), off (0) or left as it is (-1).
 struct ScreenRow {
-    OrderForm::Screen screen;
+    DeskScreen screen;
     signed char navigation, entryRow, findItem, cancelShown, receive, startShown, editShown, headerLocked, entryLocked,
         gridTabStop, cancelEnabled, startEnabled, editEnabled, mainButtons;
 };
@@ -26,18 +26,18 @@ struct ScreenRow {
 // clang-format off
 constexpr ScreenRow Screens[] = {
     //                                nav ent fnd can rcv sta edi hdL enL grd enC enS enE main
-    {OrderForm::Screen::Idle,           0,  0, -1,  0,  0,  0,  0,  1,  1,  0, -1, -1, -1, -1},
-    {OrderForm::Screen::Browsing,       1,  0, -1,  0,  0,  0,  0,  1,  1,  0,  0,  0,  0,  0},
-    {OrderForm::Screen::ShownForAction, 0,  0, -1,  1,  0,  0,  0,  1,  1,  0,  1, -1, -1, -1},
-    {OrderForm::Screen::TakenUp,       -1,  1, -1,  1, -1,  1,  1,  1,  0,  1, -1,  0,  1, -1},
-    {OrderForm::Screen::Recovered,      0,  1, -1,  1,  0,  1,  1,  1,  0,  1,  1,  0,  1,  1},
-    {OrderForm::Screen::Receiving,      0,  1,  0,  0,  1,  0,  0,  1,  1,  1,  1,  0, -1,  1},
+    {DeskScreen::Idle,           0,  0, -1,  0,  0,  0,  0,  1,  1,  0, -1, -1, -1, -1},
+    {DeskScreen::Browsing,       1,  0, -1,  0,  0,  0,  0,  1,  1,  0,  0,  0,  0,  0},
+    {DeskScreen::ShownForAction, 0,  0, -1,  1,  0,  0,  0,  1,  1,  0,  1, -1, -1, -1},
+    {DeskScreen::TakenUp,       -1,  1, -1,  1, -1,  1,  1,  1,  0,  1, -1,  0,  1, -1},
+    {DeskScreen::Recovered,      0,  1, -1,  1,  0,  1,  1,  1,  0,  1,  1,  0,  1,  1},
+    {DeskScreen::Receiving,      0,  1,  0,  0,  1,  0,  0,  1,  1,  1,  1,  0, -1,  1},
 };
 // clang-format on
 
 } // namespace
 
-void OrderForm::applyScreen(Screen screen) {
+void OrderForm::applyScreen(DeskScreen screen) {
     for (const ScreenRow& row : Screens) {
         if (row.screen != screen)
             continue;
