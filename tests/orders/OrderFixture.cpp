@@ -49,10 +49,6 @@ void OrderSession::addRule(const QString& start, int skipFirst, int skipLast, co
              {start, skipFirst, skipLast, status});
 }
 
-OrderForm* OrderSession::openLive() {
-    return openThrough([this] { ctx().openOrderForm(OrderMode::Live); });
-}
-
 OrderForm* OrderSession::open(const QString& menuEntry) {
     return openThrough([this, menuEntry] { m_window->triggerMenu(menuEntry); });
 }
@@ -88,6 +84,37 @@ void OrderSession::scan(const QString& code, const QString& qty) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
 }
 
+void OrderSession::enter(QLineEdit* box, const QString& text, bool over) {
+    if (over)
+        box->selectAll();
+    QTest::keyClicks(box, text);
+    QTest::keyClick(box, Qt::Key_Return);
+}
+
+void OrderSession::addOrder(const QString& id, const QString& status, const QString& total, const QString& note1,
+                            const QString& note2) {
+    const Status done =
+        Sql::run(db(),
+                 QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, reference, status, totalval, "
+                                "reprintcount, note1, note2) VALUES (?, '2020-03-11', 'Ann', 'R1', ?, ?, 0, ?, ?)"),
+                 {id, status, Money::parse(total)->tenThousandths(), Sql::textOrNull(note1), Sql::textOrNull(note2)});
+    if (!done)
+        qFatal("cannot add the order: %s", qPrintable(done.message()));
+}
+
+void OrderSession::addLine(const QString& id, int line, const QString& code, int qty, const QString& status,
+                           int received, const QString& price) {
+    const Money each = *Money::parse(price);
+    const Status done = Sql::run(
+        db(),
+        QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty, "
+                       "recvdate) VALUES (?, ?, ?, '2020-03-11', ?, ?, ?, ?, ?, '1980-07-04')"),
+        {id, line, code, status, qty, each.tenThousandths(),
+         status == QLatin1String("C") ? 0 : (each * qty).tenThousandths(), received});
+    if (!done)
+        qFatal("cannot add the line: %s", qPrintable(done.message()));
+}
+
 void OrderSession::chooseRow(int row) {
     QTableWidget* grid = m_form->ui().flxitems;
     grid->setCurrentCell(row, 1);
@@ -111,6 +138,13 @@ QString OrderSession::lineStatuses(const QString& orderId) {
     for (const StoredLine& line : lines(orderId))
         text += line.status;
     return text;
+}
+
+QString OrderSession::linesText(const QString& orderId) {
+    QStringList text;
+    for (const StoredLine& line : lines(orderId))
+        text << QStringLiteral("%1 %2 %3 %4").arg(line.code).arg(line.qty).arg(line.lineval.toString(), line.status);
+    return text.join(QLatin1Char('|'));
 }
 
 Money OrderSession::orderTotal(const QString& orderId) {

@@ -31,8 +31,6 @@ public:
 
     // Opens the form through the menu entry and waits for its first activation.
     OrderForm* open(const QString& menuEntry = QStringLiteral("mnuNewOrd"));
-    // Opens the form as the vendor session does when a live order was left behind.
-    OrderForm* openLive();
     OrderForm* form() { return m_form; }
     QLineEdit* header(int i) { return m_form->ui().txtheader[i]; }
     QLineEdit* entry(int i) { return m_form->ui().txtitem[i]; }
@@ -43,14 +41,24 @@ public:
     // Types a code and Enter into whichever box has the focus, as a scanner does; then, when
     // `qty` is given, overtypes the quantity; Enter confirms it.
     void scan(const QString& code, const QString& qty = QString());
+    // Types `text` into `box` (over what it holds when `over`) and presses Enter.
+    void enter(QLineEdit* box, const QString& text, bool over = false);
     // Chooses a grid row the way a double-click does.
     void chooseRow(int row);
+
+    // Orders and lines put straight into the database, dated 11 March 2020.
+    void addOrder(const QString& id, const QString& status, const QString& total = QStringLiteral("0"),
+                  const QString& note1 = {}, const QString& note2 = {});
+    void addLine(const QString& id, int line, const QString& code, int qty, const QString& status, int received = 0,
+                 const QString& price = QStringLiteral("1.50"));
 
     // Stored values, read back.
     QVariant value(const QString& sql, const QVariantList& values = {});
     QString orderStatus(const QString& orderId);
     // The lines' statuses in line order, e.g. "LLC".
     QString lineStatuses(const QString& orderId);
+    // The lines in line order as "code qty value status", e.g. "A1 6 9.00 L|C3 0 0.00 C".
+    QString linesText(const QString& orderId);
     Money orderTotal(const QString& orderId);
     struct StoredLine {
         int line;
