@@ -35,9 +35,8 @@ ReportFixture::ReportFixture(const QString& dataDir, const QString& code, const 
     must(Sql::run(db(),
                   QStringLiteral("INSERT INTO vendor (vendorid, customerid, add1, add2, add3, county, postcode, "
                                  "repname, nextord, ordform) VALUES (?, ?, ?, ?, NULL, ?, ?, ?, 1, ?)"),
-                  {code, QStringLiteral("CUST-") + code, QStringLiteral("7 Dock Road"), QStringLiteral("Portside"),
-                   QStringLiteral("Essex"), QStringLiteral("SS1 9ZZ"), QStringLiteral("Rhona Rep"),
-                   QFileInfo(dataDir + QStringLiteral("/ordform.rpt")).absoluteFilePath()}),
+                  {code, "CUST-" + code, "7 Dock Road", "Portside", "Essex", "SS1 9ZZ", "Rhona Rep",
+                   QFileInfo(dataDir + "/ordform.rpt").absoluteFilePath()}),
          "vendor row");
 }
 
@@ -88,36 +87,28 @@ void ReportFixture::addLine(const QString& orderId, int line, const QString& cod
 }
 
 void ReportFixture::addStandardOrders() {
-    const QString c = m_code;
-    addItem(QStringLiteral("BOLT10"), QStringLiteral("Bolt 10 mm & washer"), Money::fromPence(250));
-    addItem(QStringLiteral("NUT10"), QStringLiteral("Nut <M10>"), Money::fromTenThousandths(1250));
-    addItem(QStringLiteral("PIN"), QStringLiteral("Split pin"), Money::fromPence(5));
+    const auto id = [this](int n) { return m_code + QStringLiteral("%1").arg(n, 7, 10, QLatin1Char('0')); };
+    const Money bolt = Money::fromPence(250), nut = Money::fromTenThousandths(1250), pin = Money::fromPence(5);
+    addItem("BOLT10", "Bolt 10 mm & washer", bolt);
+    addItem("NUT10", "Nut <M10>", nut);
+    addItem("PIN", "Split pin", pin);
     // 1: exported, one line part received, one cancelled.
-    addOrder(c + QStringLiteral("0000001"), QStringLiteral("2024-03-11"), QStringLiteral("X"),
-             QStringLiteral("Jo Bloggs"), QStringLiteral("REF-1"), QStringLiteral("Deliver to the back door"),
-             QStringLiteral("Ring before noon"), QStringLiteral("2024-03-12"));
-    addLine(c + QStringLiteral("0000001"), 1, QStringLiteral("BOLT10"), QStringLiteral("X"), 4, Money::fromPence(250),
-            1);
-    addLine(c + QStringLiteral("0000001"), 2, QStringLiteral("NUT10"), QStringLiteral("X"), 10,
-            Money::fromTenThousandths(1250));
-    addLine(c + QStringLiteral("0000001"), 3, QStringLiteral("PIN"), QStringLiteral("C"), 3, Money::fromPence(5));
+    addOrder(id(1), "2024-03-11", "X", "Jo Bloggs", "REF-1", "Deliver to the back door", "Ring before noon",
+             "2024-03-12");
+    addLine(id(1), 1, "BOLT10", "X", 4, bolt, 1);
+    addLine(id(1), 2, "NUT10", "X", 10, nut);
+    addLine(id(1), 3, "PIN", "C", 3, pin);
     // 2: part received.
-    addOrder(c + QStringLiteral("0000002"), QStringLiteral("2024-03-12"), QStringLiteral("S"), QStringLiteral("Al"), {},
-             {}, {}, QStringLiteral("2024-03-12"));
-    addLine(c + QStringLiteral("0000002"), 1, QStringLiteral("BOLT10"), QStringLiteral("S"), 3, Money::fromPence(250),
-            1);
-    addLine(c + QStringLiteral("0000002"), 2, QStringLiteral("PIN"), QStringLiteral("R"), 7, Money::fromPence(5), 7);
+    addOrder(id(2), "2024-03-12", "S", "Al", {}, {}, {}, "2024-03-12");
+    addLine(id(2), 1, "BOLT10", "S", 3, bolt, 1);
+    addLine(id(2), 2, "PIN", "R", 7, pin, 7);
     // 3: received in full; 4: cancelled; 5: printed, not yet exported.
-    addOrder(c + QStringLiteral("0000003"), QStringLiteral("2024-03-13"), QStringLiteral("R"), {}, {}, {}, {},
-             QStringLiteral("2024-03-13"), QStringLiteral("2024-03-20"));
-    addLine(c + QStringLiteral("0000003"), 1, QStringLiteral("PIN"), QStringLiteral("R"), 100, Money::fromPence(5),
-            100);
-    addOrder(c + QStringLiteral("0000004"), QStringLiteral("2024-03-14"), QStringLiteral("C"));
-    addLine(c + QStringLiteral("0000004"), 1, QStringLiteral("BOLT10"), QStringLiteral("C"), 1, Money::fromPence(250));
-    addOrder(c + QStringLiteral("0000005"), QStringLiteral("2024-03-15"), QStringLiteral("P"), {}, {}, {}, {},
-             QStringLiteral("2024-03-15"));
-    addLine(c + QStringLiteral("0000005"), 1, QStringLiteral("NUT10"), QStringLiteral("P"), 8,
-            Money::fromTenThousandths(1250));
+    addOrder(id(3), "2024-03-13", "R", {}, {}, {}, {}, "2024-03-13", "2024-03-20");
+    addLine(id(3), 1, "PIN", "R", 100, pin, 100);
+    addOrder(id(4), "2024-03-14", "C");
+    addLine(id(4), 1, "BOLT10", "C", 1, bolt);
+    addOrder(id(5), "2024-03-15", "P", {}, {}, {}, {}, "2024-03-15");
+    addLine(id(5), 1, "NUT10", "P", 8, nut);
 }
 
 } // namespace ordwell::test

@@ -254,17 +254,24 @@ private slots:
         QVERIFY(pages.at(1).top >= rows.at(0).bottom - Eps && pages.at(1).top <= rows.at(1).top + Eps);
     }
 
-    void shortAndEmptyBodiesAreOnePage_data() {
+    // A short body is one page; so is any body when the page has no room at all, rather than an
+    // endless run of empty pages.
+    void onePage_data() {
         QTest::addColumn<QString>("html");
-        QTest::newRow("empty") << QString();
-        QTest::newRow("one line") << QStringLiteral("<p>Nothing to report.</p>");
+        QTest::addColumn<double>("bodyHeight");
+        QTest::newRow("empty") << QString() << 3000.0;
+        QTest::newRow("one line") << QStringLiteral("<p>Nothing to report.</p>") << 3000.0;
         QTest::newRow("small table") << QStringLiteral(
-            "<table><thead><tr><th>A</th></tr></thead><tr><td>1</td></tr></table>");
+                                            "<table><thead><tr><th>A</th></tr></thead><tr><td>1</td></tr></table>")
+                                     << 3000.0;
+        QTest::newRow("no room") << monthTables() << 0.0;
+        QTest::newRow("less than none") << monthTables() << -5.0;
     }
-    void shortAndEmptyBodiesAreOnePage() {
+    void onePage() {
         QFETCH(QString, html);
+        QFETCH(double, bodyHeight);
         Body body(html);
-        const QList<PageSlice> pages = PageBreaker::paginate(body.doc(), 3000);
+        const QList<PageSlice> pages = PageBreaker::paginate(body.doc(), bodyHeight);
         QCOMPARE(pages.size(), 1);
         QVERIFY(pages.first().repeatedHeaders.isEmpty());
         QCOMPARE(pages.first().bottom, body.height());
@@ -293,17 +300,6 @@ private slots:
             joined += middle;
         }
         QCOMPARE(joined, content);
-    }
-
-    // A page with no room at all cannot be cut into; the body comes back whole, not in an
-    // endless run of empty pages.
-    void noRoomGivesOnePage() {
-        Body body(monthTables());
-        for (double bodyHeight : {0.0, -5.0}) {
-            const QList<PageSlice> pages = PageBreaker::paginate(body.doc(), bodyHeight);
-            QCOMPARE(pages.size(), 1);
-            QCOMPARE(pages.first().bottom, body.height());
-        }
     }
 };
 

@@ -72,8 +72,7 @@ private slots:
     void init() {
         beginStrictTest();
         m_folders = std::make_unique<TestFolders>();
-        m_abc = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("ABC"),
-                                                QStringLiteral("Bolt & Nut Supplies"));
+        m_abc = std::make_unique<ReportFixture>(m_folders->dataDir(), "ABC", "Bolt & Nut Supplies");
         m_abc->addStandardOrders();
         QVERIFY(ShippedReports::installMissing(m_folders->dataDir()).isEmpty());
     }
@@ -86,54 +85,32 @@ private slots:
 
     void orderForm() {
         const QString text =
-            render(QStringLiteral("ordform.rpt"), {{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")},
-                                                   {QStringLiteral("custadd"), Address},
-                                                   {QStringLiteral("contdet"), Contact}});
-        expectAll(text, {"Purchase Order ABC0000001",
-                         Address,
-                         Contact,
-                         "Bolt & Nut Supplies",
-                         "7 Dock Road",
-                         "CUST-ABC",
-                         "11/03/2024",
-                         "Jo Bloggs",
-                         "REF-1",
-                         "Deliver to the back door",
-                         "Ring before noon",
-                         "Bolt 10 mm & washer",
-                         "Nut <M10>",
-                         "2.50",
-                         "10.00",
-                         "0.13",
-                         "1.25",
-                         "Total 11.25",
-                         "2 lines",
+            render("ordform.rpt", {{"ordnum", "ABC0000001"}, {"custadd", Address}, {"contdet", Contact}});
+        expectAll(text,
+                  {"Purchase Order ABC0000001", Address, Contact, "Bolt & Nut Supplies", "7 Dock Road", "CUST-ABC",
+                   "11/03/2024", "Jo Bloggs", "REF-1", "Deliver to the back door", "Ring before noon"});
+        // The lines, each price to the penny, and the total without the cancelled line, which
+        // is not sent to the vendor.
+        expectAll(text, {"Bolt 10 mm & washer", "Nut <M10>", "2.50", "10.00", "0.13", "1.25", "Total 11.25", "2 lines",
                          "Page 1 of 1"});
-        // The cancelled line is not sent to the vendor.
         QVERIFY(!text.contains(QLatin1String("Split pin")));
     }
 
     void outstandingItems() {
-        const QString text = render(QStringLiteral("outitms.rpt"));
-        QVERIFY(text.contains(QLatin1String("Order ABC0000001 of 11/03/2024, Exported, Jo Bloggs, reference REF-1")));
-        QVERIFY(text.contains(QLatin1String("Order ABC0000002 of 12/03/2024, Part received")));
-        for (const QString& absent : {QStringLiteral("ABC0000003"), QStringLiteral("ABC0000004"),
-                                      QStringLiteral("ABC0000005"), QStringLiteral("Split pin")})
-            QVERIFY2(!text.contains(absent), qPrintable(absent));
+        const QString text = render("outitms.rpt");
         // Outstanding: 3 bolts (7.50) and 10 nuts (1.25) on order 1; 2 bolts (5.00) on order 2.
-        QVERIFY(text.contains(QLatin1String("Order ABC0000001: 2 lines outstanding")));
-        QVERIFY(text.contains(QLatin1String("8.75")));
-        QVERIFY(text.contains(QLatin1String("Order ABC0000002: 1 lines outstanding")));
-        QVERIFY(text.contains(QLatin1String("13.75")));
-        QVERIFY(text.contains(QLatin1String("Page 1 of 1")));
-        QVERIFY(text.contains(QLatin1String("Bolt & Nut Supplies (ABC)")));
+        expectAll(text,
+                  {"Order ABC0000001 of 11/03/2024, Exported, Jo Bloggs, reference REF-1",
+                   "Order ABC0000001: 2 lines outstanding", "8.75", "Order ABC0000002 of 12/03/2024, Part received",
+                   "Order ABC0000002: 1 lines outstanding", "13.75", "Page 1 of 1", "Bolt & Nut Supplies (ABC)"});
+        for (const char* absent : {"ABC0000003", "ABC0000004", "ABC0000005", "Split pin"})
+            QVERIFY2(!text.contains(QLatin1String(absent)), absent);
     }
 
     void orderHistory() {
-        m_abc->addOrder(QStringLiteral("ABC0000006"), QStringLiteral("2024-04-02"), QStringLiteral("E"));
-        m_abc->addLine(QStringLiteral("ABC0000006"), 1, QStringLiteral("PIN"), QStringLiteral("E"), 20,
-                       Money::fromPence(5));
-        const QString text = render(QStringLiteral("vendhist.rpt"));
+        m_abc->addOrder("ABC0000006", "2024-04-02", "E");
+        m_abc->addLine("ABC0000006", 1, "PIN", "E", 20, Money::fromPence(5));
+        const QString text = render("vendhist.rpt");
         // Newest first, under the month each was placed in.
         const qsizetype list = text.indexOf(QLatin1String("Orders, newest"));
         QVERIFY(list > 0);
@@ -153,25 +130,21 @@ private slots:
 
     // Each vendor's reports read that vendor's database and nothing else.
     void eachVendorReadsItsOwnDatabase() {
-        m_xyz = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("XYZ"),
-                                                QStringLiteral("Xylo Trading"));
-        m_xyz->addItem(QStringLiteral("XYLO"), QStringLiteral("Xylophone"), Money::fromPence(9900));
-        m_xyz->addOrder(QStringLiteral("XYZ0000001"), QStringLiteral("2024-05-01"), QStringLiteral("X"));
-        m_xyz->addLine(QStringLiteral("XYZ0000001"), 1, QStringLiteral("XYLO"), QStringLiteral("X"), 2,
-                       Money::fromPence(9900));
+        m_xyz = std::make_unique<ReportFixture>(m_folders->dataDir(), "XYZ", "Xylo Trading");
+        m_xyz->addItem("XYLO", "Xylophone", Money::fromPence(9900));
+        m_xyz->addOrder("XYZ0000001", "2024-05-01", "X");
+        m_xyz->addLine("XYZ0000001", 1, "XYLO", "X", 2, Money::fromPence(9900));
         for (const QString& file : ShippedReports::fileNames()) {
             if (file == Store::DefaultOrderFormFileName)
                 continue;
             const QString abc = render(file);
-            const QString xyz = render(file, {}, QStringLiteral("XYZ"), QStringLiteral("Xylo Trading"));
+            const QString xyz = render(file, {}, "XYZ", "Xylo Trading");
             QVERIFY(abc.contains(QLatin1String("ABC0000001")) && !abc.contains(QLatin1String("XYZ0000001")));
             QVERIFY(xyz.contains(QLatin1String("XYZ0000001")) && !xyz.contains(QLatin1String("ABC0000001")));
             QVERIFY(xyz.contains(QLatin1String("198.00")));
         }
         // The order form of one vendor does not find the other's order.
-        const QString wrong =
-            render(QStringLiteral("ordform.rpt"), {{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")}},
-                   QStringLiteral("XYZ"), QStringLiteral("Xylo Trading"));
+        const QString wrong = render("ordform.rpt", {{"ordnum", "ABC0000001"}}, "XYZ", "Xylo Trading");
         QVERIFY(wrong.contains(QLatin1String("There is no order ABC0000001")));
     }
 
@@ -187,8 +160,7 @@ private slots:
         QVERIFY(
             Sql::run(m_abc->db(), QStringLiteral("UPDATE items SET priceexp = CASE code WHEN 'BOLT10' THEN "
                                                  "'2025-02-10' WHEN 'NUT10' THEN '2025-03-31' ELSE '2026-01-01' END")));
-        const QString out =
-            render(QStringLiteral("expiring.rpt"), {{QStringLiteral("before"), QStringLiteral("2025-12-31")}});
+        const QString out = render("expiring.rpt", {{"before", "2025-12-31"}});
         expectAll(out, {"Prices Running Out", "Bolt & Nut Supplies (ABC)", "before 31/12/2025", "2025-02: 1 items",
                         "2025-03: 1 items", "Bolt 10 mm & washer", "2.50", "10/02/2025", "Nut <M10>", "Page 1 of 1"});
         QVERIFY(!out.contains(QLatin1String("Split pin")));
@@ -281,16 +253,15 @@ private slots:
     // The menu entries open the viewers inside the main window, for the vendor open now,
     // while a vendor-level tool window holds the menus; the menus and the count stay.
     void reportWindowsFromTheMenu() {
-        m_xyz = std::make_unique<ReportFixture>(m_folders->dataDir(), QStringLiteral("XYZ"),
-                                                QStringLiteral("Xylo Trading"));
-        m_xyz->addOrder(QStringLiteral("XYZ0000001"), QStringLiteral("2024-05-01"), QStringLiteral("X"));
+        m_xyz = std::make_unique<ReportFixture>(m_folders->dataDir(), "XYZ", "Xylo Trading");
+        m_xyz->addOrder("XYZ0000001", "2024-05-01", "X");
         TestContext tc;
         // The fixtures made the data in a folder of their own; the context works on that one.
         AppContext context(m_folders->dataDir(), tc.folders().settingsFile(), tc.prompter());
         context.DesktopPath = m_folders->desktopDir();
         storeOrganisationDetails(context);
         auto window = openMainWindow(context);
-        openVendor(context, QStringLiteral("ABC"), QStringLiteral("Bolt & Nut Supplies"));
+        openVendor(context);
         context.ApplyMenuMask(MenuMasks::VendorWindow);
         ++context.OpenWindowCount; // as the order window would
         const auto enabledBefore = enabledEntries(*window);
@@ -315,7 +286,7 @@ private slots:
         QVERIFY(tc.prompter().messages.isEmpty());
 
         // Another vendor: asking again refills the same window from that vendor's database.
-        openVendor(context, QStringLiteral("XYZ"), QStringLiteral("Xylo Trading"));
+        openVendor(context, "XYZ", "Xylo Trading");
         window->triggerMenu(QStringLiteral("mnurptOrdhist"));
         QCOMPARE(findReportViewer(QStringLiteral("frmrpordhist")), history);
         QVERIFY(history->report()->bodyHtml().contains(QLatin1String("XYZ0000001")));
@@ -354,7 +325,7 @@ private slots:
         ScriptedPrompter prompter;
         AppContext context(m_folders->dataDir(), m_folders->settingsFile(), prompter);
         context.DesktopPath = m_folders->desktopDir();
-        openVendor(context, QStringLiteral("ABC"), QStringLiteral("Bolt & Nut Supplies"));
+        openVendor(context);
         ShowOrderHistoryReport(context);
         ReportViewer* viewer = findReportViewer(QStringLiteral("frmrpordhist"));
         QVERIFY(viewer);
@@ -407,13 +378,11 @@ private slots:
     void orderFormWindow() {
         ScriptedPrompter prompter;
         AppContext context(m_folders->dataDir(), m_folders->settingsFile(), prompter);
-        const ReportParameterValues values{{QStringLiteral("ordnum"), QStringLiteral("ABC0000001")},
-                                           {QStringLiteral("custadd"), Address},
-                                           {QStringLiteral("contdet"), Contact}};
+        const ReportParameterValues values{{"ordnum", "ABC0000001"}, {"custadd", Address}, {"contdet", Contact}};
         const QString missing = m_folders->dataFile(QStringLiteral("ABCordform.rpt"));
         Status shown = showOrderFormReport(context, missing, values);
         QVERIFY(shown.message().contains(QLatin1String("No vendor is open")));
-        openVendor(context, QStringLiteral("ABC"), QStringLiteral("Bolt & Nut Supplies"));
+        openVendor(context);
         shown = showOrderFormReport(context, missing, values);
         QVERIFY(!shown);
         QVERIFY(shown.message().contains(missing) && shown.message().contains(QLatin1String("does not exist")));
@@ -463,8 +432,7 @@ private slots:
         QFETCH(int, exitCode);
         QFETCH(QString, message);
         const QString pdf = m_folders->dataFile(QStringLiteral("cli.pdf"));
-        QStringList args{QStringLiteral("--data-dir"), m_folders->dataDir(),    QStringLiteral("--vendor"),
-                         QStringLiteral("ABC"),        QStringLiteral("--pdf"), pdf};
+        QStringList args{"--data-dir", m_folders->dataDir(), "--vendor", "ABC", "--pdf", pdf};
         args += extra;
         QProcess p;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -513,7 +481,8 @@ private:
         return pdfText(pdf);
     }
 
-    static void openVendor(AppContext& context, const QString& code, const QString& name) {
+    static void openVendor(AppContext& context, const QString& code = QStringLiteral("ABC"),
+                           const QString& name = QStringLiteral("Bolt & Nut Supplies")) {
         const Status opened = context.vendorSession().open(code, name);
         QVERIFY2(opened, qPrintable(opened.message()));
     }
