@@ -21,6 +21,7 @@ public:
     QSqlDatabase vendorDb() { return ctx().vendorDb(); }
     QSqlDatabase systemDb() { return ctx().systemDb(); }
     QString desktopDir() { return m_tc.folders().desktopDir(); }
+    TestFolders& folders() { return m_tc.folders(); }
 
     void addItem(const QString& code, const QString& descr, Money price, int pack = 1);
     void removeItem(const QString& code);
