@@ -97,10 +97,6 @@ private slots:
                    "no query \"b\" comes before it");
         addRefused("delete", minimal() + "[query q]\nDELETE FROM orderhead", 6,
                    "must begin with SELECT or WITH, not DELETE");
-        addRefused("second statement", minimal() + "[query q]\nSELECT 1; DROP TABLE items", 6,
-                   "one SELECT statement only");
-        addRefused("positional", minimal() + "[query q]\nSELECT * FROM items WHERE code = ?", 6, "named with a colon");
-        addRefused("open quote", minimal() + "[query q]\nSELECT 'abc", 6, "never closed");
         addRefused("unclosed section", minimal({}, "<p>\n{{#lines}}\n<td>"), 6, "{{#lines}} is never closed");
         addRefused("stray close", minimal({}, "a\nb\n{{/lines}}"), 7,
                    "{{/lines}} closes a section that was not opened");
@@ -119,36 +115,38 @@ private slots:
             QVERIFY(parsed.describeError().startsWith(QStringLiteral("line %1: ").arg(line)));
     }
 
+    // What the parser refuses a query for; an empty problem is a query that may run.
     void sqlScan_data() {
         QTest::addColumn<QString>("sql");
-        QTest::addColumn<QString>("keyword");
         QTest::addColumn<QStringList>("placeholders");
-        QTest::addColumn<bool>("usable");
-        auto row = [](const char* name, const char* sql, const char* keyword, const QStringList& placeholders,
-                      bool usable) {
-            QTest::newRow(name) << QString::fromUtf8(sql) << QString::fromUtf8(keyword) << placeholders << usable;
+        QTest::addColumn<QString>("problem");
+        auto row = [](const char* name, const char* sql, const QStringList& placeholders, const char* problem) {
+            QTest::newRow(name) << QString::fromUtf8(sql) << placeholders << QString::fromUtf8(problem);
         };
-        row("plain", "SELECT a FROM t WHERE a = :x AND b = :x", "SELECT", {"x"}, true);
-        row("comment first", "/* hi */ -- there\nselect 1", "SELECT", {}, true);
-        row("with", "WITH q AS (SELECT :a) SELECT * FROM q", "WITH", {"a"}, true);
-        row("quoted colon", "SELECT \"a:b\", [c:d], `e:f`, 'it''s :g' FROM t", "SELECT", {}, true);
-        row("trailing semicolon", "SELECT 1;  -- done", "SELECT", {}, true);
-        row("update", "update t set a = 1", "UPDATE", {}, false);
-        row("pragma", "PRAGMA query_only = OFF", "PRAGMA", {}, false);
-        row("two", "SELECT 1; SELECT 2", "SELECT", {}, false);
-        row("dollar", "SELECT $x", "SELECT", {}, false);
-        row("empty", "  -- nothing\n", "", {}, false);
-        row("open comment", "SELECT 1 /* oops", "SELECT", {}, false);
+        row("plain", "SELECT a FROM t WHERE a = :x AND b = :x", {"x"}, "");
+        row("comment first", "/* hi */ -- there\nselect 1", {}, "");
+        row("with", "WITH q AS (SELECT :a) SELECT * FROM q", {"a"}, "");
+        row("quoted colon", "SELECT \"a:b\", [c:d], `e:f`, 'it''s :g' FROM t", {}, "");
+        row("trailing semicolon", "SELECT 1;  -- done", {}, "");
+        row("update", "update t set a = 1", {}, "must begin with SELECT or WITH, not UPDATE");
+        row("pragma", "PRAGMA query_only = OFF", {}, "not PRAGMA");
+        row("two", "SELECT 1; SELECT 2", {}, "one SELECT statement only");
+        row("positional", "SELECT * FROM items WHERE code = ?", {}, "named with a colon");
+        row("dollar", "SELECT $x", {}, "named with a colon");
+        row("open quote", "SELECT 'abc", {}, "quote ' is never closed");
+        row("empty", "  -- nothing\n", {}, "the query is empty");
+        row("open comment", "SELECT 1 /* oops", {}, "/* comment is never closed");
     }
     void sqlScan() {
         QFETCH(QString, sql);
-        QFETCH(QString, keyword);
         QFETCH(QStringList, placeholders);
-        QFETCH(bool, usable);
+        QFETCH(QString, problem);
         const ReportSqlScan scan = scanReportSql(sql);
-        QCOMPARE(scan.firstKeyword, keyword);
         QCOMPARE(scan.placeholders, placeholders);
-        QCOMPARE(scan.problem.isEmpty(), usable);
+        if (problem.isEmpty())
+            QVERIFY2(scan.problem.isEmpty(), qPrintable(scan.problem));
+        else
+            QVERIFY2(scan.problem.contains(problem), qPrintable(scan.problem));
     }
 
     void helpersAndEscaping_data() {

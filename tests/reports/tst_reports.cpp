@@ -5,7 +5,6 @@
 #include "app/MenuMasks.h"
 #include "app/VendorSession.h"
 #include "common/Sql.h"
-#include "reports/HeadlessReport.h"
 #include "reports/ReportEngine.h"
 #include "reports/ReportViewer.h"
 #include "reports/ReportWindows.h"
