@@ -30,10 +30,8 @@ private slots:
     void organisationAddress_data() {
         QTest::addColumn<QString>("postcode");
         QTest::addColumn<QString>("address");
-        QTest::newRow("with postcode") << "AB1 2CD"
-                                       << "Acme Stores,1 High St,Town,Shire,AB1 2CD";
-        QTest::newRow("without postcode") << ""
-                                          << "Acme Stores,1 High St,Town,Shire,";
+        QTest::newRow("with postcode") << QStringLiteral("AB1 2CD") << "Acme Stores,1 High St,Town,Shire,AB1 2CD";
+        QTest::newRow("without postcode") << QString() << "Acme Stores,1 High St,Town,Shire,";
     }
     void organisationAddress() {
         QFETCH(QString, postcode);
@@ -51,7 +49,6 @@ private slots:
         test::OrderDataFixture f; // stores Head Office, 1 High St, Kent, CT11AA, Ann, 01234 567890, ann@example.org
         auto parameters = OrderPrinting::PrintParameters(f.systemDb(), QStringLiteral("ABC1000000"));
         QVERIFY(parameters);
-        QCOMPARE(parameters.value().keys(), (QStringList{"contdet", "custadd", "ordnum"}));
         QCOMPARE(parameters.value().value("ordnum"), QStringLiteral("ABC1000000"));
         QCOMPARE(parameters.value().value("custadd"), QStringLiteral("Head Office,1 High St,Kent,CT11AA"));
         QCOMPARE(parameters.value().value("contdet"), QStringLiteral("Ann,01234 567890,ann@example.org"));
@@ -97,11 +94,10 @@ private slots:
         f.addLine(id, 2, QStringLiteral("A2"), 0, Money::fromPence(100), QStringLiteral("C"));
 
         QVERIFY(OrderPrinting::MarkPrinted(f.vendorDb(), id, QDate(2024, 1, 10)));
-        QCOMPARE(f.orderStatus(id), QStringLiteral("P"));
+        QCOMPARE(f.orderStatus(id) + f.lineStatuses(id), QStringLiteral("PPC"));
         QCOMPARE(f.value("orderhead", "printdate", "orderid", id).toString(), QStringLiteral("2024-01-10"));
         QCOMPARE(f.value("orderhead", "reprintcount", "orderid", id).toInt(), 0);
         QVERIFY(f.value("orderhead", "reprintdate", "orderid", id).isNull());
-        QCOMPARE(f.lineStatuses(id), QStringLiteral("PC"));
 
         QVERIFY(OrderPrinting::MarkPrinted(f.vendorDb(), id, QDate(2024, 2, 20)));
         QVERIFY(OrderPrinting::MarkPrinted(f.vendorDb(), id, QDate(2024, 3, 30)));
