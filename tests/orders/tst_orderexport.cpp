@@ -45,8 +45,8 @@ private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
     // E-mailed through the real program: the PDF made, the mail program handed the message,
-    // and the order marked sent as an export marks it; nothing marked when no mail program
-    // answers, none is there, or the vendor has no address.
+    // and the order marked sent as an export marks it; nothing marked when no mail program is
+    // there or the vendor has no address (a mail program that fails is the export form's test).
     void emailedAsAnExportSendsIt() {
         test::OrderDataFixture f;
         QVERIFY(VendorRepository::addVendor(f.systemDb(), QStringLiteral("Acme Supplies"), QStringLiteral("ABC")));
@@ -72,13 +72,7 @@ private slots:
             return test::runHeadless(QStringLiteral(ORDWELL_EXE), email);
         };
 
-        test::Finished run = send("3");
-        QVERIFY2(run.code == 1, qPrintable(run.err));
-        QVERIFY2(run.err.contains(QStringLiteral("No mail program answered (xdg-email: exit code 3)")),
-                 qPrintable(run.err));
-        QCOMPARE(f.orderStatus(Id), QStringLiteral("P"));
-
-        run = send("0");
+        test::Finished run = send("0");
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QCOMPARE(run.out.trimmed(),
                  QStringLiteral("The order ABC1000000 has been handed to the mail program, addressed to "
@@ -95,8 +89,7 @@ private slots:
         QVERIFY(pdfText.waitForFinished(30000));
         const QString text = QString::fromUtf8(pdfText.readAllStandardOutput());
         QVERIFY2(text.contains(Id) && text.contains(QStringLiteral("Apples & pears")), qPrintable(text));
-        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
-        QCOMPARE(f.lineStatuses(Id), QStringLiteral("X"));
+        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("XX"));
 
         f.exec(QStringLiteral("UPDATE orderhead SET status = 'P'"));
         qputenv("PATH", bin.filePath(QStringLiteral("nothing")).toLocal8Bit());
@@ -110,20 +103,17 @@ private slots:
     }
 
     // No lines: five records; empty fields keep their commas, so FROM has 10 fields and TO 14.
+    // Nothing but the finished file is left in the folder.
     void orderWithoutLines() {
         test::OrderDataFixture f;
         f.addOrder(Id, QStringLiteral("P"));
         const auto result = exportOrder(f);
         QCOMPARE(result.outcome, OrderExport::Outcome::Exported);
         QCOMPARE(result.path, QDir(f.desktopDir()).filePath(QStringLiteral("ABC1000000.csv")));
-        const QStringList records = exported(f);
-        QCOMPARE(records, (QStringList{From, To, QStringLiteral("ORDER:,ABC1000000,11/03/2020,Ann,REF1,0.00"),
-                                       QStringLiteral("NOTES:,"), QStringLiteral("NOTES:,")}));
-        QCOMPARE(records[0].count(QLatin1Char(',')), 10);
-        QCOMPARE(records[1].count(QLatin1Char(',')), 14);
+        QCOMPARE(exported(f), (QStringList{From, To, QStringLiteral("ORDER:,ABC1000000,11/03/2020,Ann,REF1,0.00"),
+                                           QStringLiteral("NOTES:,"), QStringLiteral("NOTES:,")}));
         QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
-        QCOMPARE(OrderExport::CompleteText(Id),
-                 QStringLiteral("The order ABC1000000 has been exported to the desktop sucessfully"));
+        QCOMPARE(QDir(f.desktopDir()).entryList(QDir::Files | QDir::Hidden), QStringList{"ABC1000000.csv"});
     }
 
     // Lines in line order: a deleted item, a cancelled line, grouping commas left unquoted;
@@ -149,8 +139,7 @@ private slots:
                                          QStringLiteral("LINE:2,B200,No Item Found!,2,700,1,400.00"),
                                          QStringLiteral("LINE:3,C300,Red ink, bottled,0,2.25,0.00"),
                                      }));
-        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
-        QCOMPARE(f.lineStatuses(Id), QStringLiteral("XXC"));
+        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("XXXC"));
     }
 
     // A desktop that is missing or cannot take the file: a message naming it, no file, no
@@ -173,16 +162,7 @@ private slots:
         QCOMPARE(result.outcome, OrderExport::Outcome::Failed);
         QVERIFY2(result.message.contains(named), qPrintable(result.message));
         QVERIFY(!QFile::exists(result.path));
-        QCOMPARE(f.orderStatus(Id), QStringLiteral("P"));
-        QCOMPARE(f.lineStatuses(Id), QStringLiteral("P"));
-    }
-
-    // Nothing but the finished file is left in the folder.
-    void noTemporaryFileLeft() {
-        test::OrderDataFixture f;
-        f.addOrder(Id, QStringLiteral("P"));
-        QCOMPARE(exportOrder(f).outcome, OrderExport::Outcome::Exported);
-        QCOMPARE(QDir(f.desktopDir()).entryList(QDir::Files | QDir::Hidden), QStringList{"ABC1000000.csv"});
+        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("PP"));
     }
 
     void plainPrices_data() {
