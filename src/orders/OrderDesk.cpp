@@ -1,5 +1,6 @@
 #include "orders/OrderDesk.h"
 
+#include "common/TextChecks.h"
 #include "orders/OrderCancellation.h"
 #include "orders/OrderTransitions.h"
 
@@ -113,6 +114,99 @@ DeskStep OrderDesk::receiveAll(const QSqlDatabase& db, const QString& orderId) {
     if (const Status done = Receiving::CompleteReceipt(db, orderId); !done)
         return DeskStep::failure(QStringLiteral("The order could not be closed as received."), done);
     return DeskStep::to(DeskScreen::Idle);
+}
+
+void OrderDesk::openItems(const QSqlDatabase& db) {
+    catalogue = std::make_unique<ItemCatalogue>(db);
+    resolver.reset();
+}
+
+void OrderDesk::closeItems() {
+    resolver.reset();
+    catalogue.reset();
+    currentItem.reset();
+}
+
+Status OrderDesk::loadRules(const QSqlDatabase& db) {
+    haveRules = false;
+    if (!catalogue)
+        openItems(db);
+    auto rules = BarcodeResolver::loadActiveRules(db);
+    const Status read = rules ? Status::ok() : rules.status();
+    resolver = std::make_unique<BarcodeResolver>(*catalogue, rules ? rules.value() : QList<BarcodeRule>());
+    haveRules = resolver->haveRules();
+    rulesLoaded = true;
+    return read;
+}
+
+Result<QList<OrderLine>> OrderDesk::openLines(const QSqlDatabase& db, const QString& orderId) {
+    if (!lines)
+        lines = std::make_unique<OrderLineBook>(db);
+    auto opened = lines->open(orderId);
+    if (opened)
+        linesOpen = true;
+    return opened;
+}
+
+void OrderDesk::closeLines() {
+    if (linesOpen && lines)
+        lines->close();
+    linesOpen = false;
+}
+
+ScanStep OrderDesk::scan(const QSqlDatabase& db, const QString& typed, bool keepUnknown, const QDate& today) {
+    if (!catalogue)
+        openItems(db);
+    if (!resolver)
+        resolver = std::make_unique<BarcodeResolver>(*catalogue, QList<BarcodeRule>());
+    const Resolution found = resolver->resolveScan(typed, today);
+    ScanStep step;
+    step.code = found.code;
+    step.note = found.problem.isEmpty() ? found.warnings.join(QLatin1Char(' ')) : found.problem;
+    if (found.item) {
+        currentItem = *found.item;
+        step.outcome = ScanOutcome::Item;
+        step.quantity = found.quantity;
+        step.alert = !found.warnings.isEmpty();
+    } else if (!found.problem.isEmpty()) {
+        step.outcome = ScanOutcome::Misread;
+        step.alert = true;
+    } else if (!keepUnknown) {
+        // Dropped with no message to answer: the alert and the info line tell a person scanning.
+        step.outcome = ScanOutcome::NothingFound;
+        if (!step.code.isEmpty()) {
+            step.note = QStringLiteral("No item has the code %1").arg(step.code);
+            step.alert = true;
+        }
+    } else if (step.code.isEmpty()) {
+        step.outcome = ScanOutcome::Empty;
+    } else if (step.code.size() > ItemCodeLength) {
+        step.outcome = ScanOutcome::TooLong;
+    } else if (!IsValidCode(step.code, false)) {
+        step.outcome = ScanOutcome::BadCharacters;
+    } else {
+        step.outcome = ScanOutcome::Unknown;
+    }
+    return step;
+}
+
+Status OrderDesk::keepUnknownItem(const CatalogueItem& item) {
+    const Status saved = catalogue->addUnknownItem(item.code, item.descr, item.price, item.packQty);
+    if (saved)
+        currentItem = item;
+    return saved;
+}
+
+Result<std::optional<LineChange>> OrderDesk::enterQuantity(qint64 qty, Money price, int pack, const QString& descr,
+                                                           const OrderHeaderFields& header) {
+    if (!currentItem || !linesOpen)
+        return std::optional<LineChange>();
+    auto change = lines->record(currentItem->code, descr, pack, qty, price, editingLine, header);
+    if (!change)
+        return change.status();
+    if (!change->appended)
+        editingLine = false;
+    return std::optional<LineChange>(change.value());
 }
 
 } // namespace ordwell

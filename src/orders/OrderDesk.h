@@ -1,6 +1,9 @@
 #pragma once
 
 #include "common/Money.h"
+#include "orders/BarcodeResolver.h"
+#include "orders/ItemCatalogue.h"
+#include "orders/OrderLineBook.h"
 #include "orders/OrderList.h"
 #include "orders/OrderWords.h"
 #include "orders/Receiving.h"
@@ -42,6 +45,27 @@ struct ReceiptStep : DeskStep {
     std::optional<Receiving::ReceivedLine> line;
 };
 
+// The longest item code an order line or an unknown item may have.
+inline constexpr int ItemCodeLength = 25;
+
+// What a scanned or typed code came to, and so what the entry row does next.
+enum class ScanOutcome {
+    Item,          // an item of the catalogue: its quantity next
+    Misread,       // a misread or a bad label: the next scan is awaited, nothing is made of it
+    NothingFound,  // an unknown code while unknown items are not kept: dropped
+    Empty,         // nothing was read
+    TooLong,       // an unknown code too long to keep
+    BadCharacters, // an unknown code with characters no code may have
+    Unknown,       // an unknown code to keep: its description, price and pack next
+};
+struct ScanStep {
+    ScanOutcome outcome = ScanOutcome::Empty;
+    QString code;                // what the code box shows: the code as read
+    QString note;                // worth telling on the info line (a misread, a passed expiry)
+    bool alert = false;          // the scan needs a look
+    std::optional<int> quantity; // one the label carried
+};
+
 // What the order form works with between one user action and the next, apart from its
 // controls: the list of orders being browsed, and the count of the delivery being received;
 // and the steps an order goes through, each saying which screen follows.
@@ -79,9 +103,38 @@ public:
     // A receipt booked against a line; true when it was the last of the order.
     bool booked(int quantity);
 
+    // The vendor's catalogue and barcode rules, open while orders are entered.
+    void openItems(const QSqlDatabase& db);
+    void closeItems();
+    bool itemsOpen() const { return catalogue != nullptr; }
+    // The active barcode rules; when they cannot be read, codes are read without rules.
+    Status loadRules(const QSqlDatabase& db);
+    // The lines of the order being entered, kept while it is open.
+    Result<QList<OrderLine>> openLines(const QSqlDatabase& db, const QString& orderId);
+    void closeLines();
+
+    // Reads a scanned or typed code; an item found becomes the current item.
+    ScanStep scan(const QSqlDatabase& db, const QString& typed, bool keepUnknown, const QDate& today);
+    // Adds an unknown item to the catalogue and makes it the current item.
+    Status keepUnknownItem(const CatalogueItem& item);
+    // The current item's line takes this quantity (and the boxes' description, pack and price):
+    // a new line, or the line of the same code. Nothing without a current item or open lines.
+    Result<std::optional<LineChange>> enterQuantity(qint64 qty, Money price, int pack, const QString& descr,
+                                                    const OrderHeaderFields& header);
+
     std::unique_ptr<OrderList> list;
     int orderedTotal = 0;
     int receivedTotal = 0;
+
+    std::unique_ptr<ItemCatalogue> catalogue;
+    std::unique_ptr<BarcodeResolver> resolver;
+    std::unique_ptr<OrderLineBook> lines;
+    bool linesOpen = false;
+    bool rulesLoaded = false;
+    bool haveRules = false;
+    // The catalogue item the entry boxes stand on, and whether a line of the grid is changed.
+    std::optional<CatalogueItem> currentItem;
+    bool editingLine = false;
 };
 
 } // namespace ordwell

@@ -326,13 +326,12 @@ void OrderForm::ExitOrderForm() {
     if (!m_ui.txtheader[Header::OrderNumber]->text().isEmpty())
         FinishShownOrder();
     ReleaseShownOrder();
-    if (ItemsOpen)
+    if (m_desk.itemsOpen())
         CloseItems();
-    if (LinesOpen)
+    if (m_desk.linesOpen)
         CloseOrderLines();
     Mode = DeskMode::None;
-    RulesLoaded = false;
-    ItemsOpen = false;
+    m_desk.rulesLoaded = false;
     ActivatedOnce = false;
     // Uncounts the window, restores the vendor's menus and unloads the form.
     finishToolWindow();

@@ -34,7 +34,6 @@ public:
     QString vendorCode() const;
     QSqlDatabase vendorDb() const;
     OrderRepository orders() const { return OrderRepository(vendorDb()); }
-    OrderLineBook* lineBook() const { return m_lines.get(); }
 
     // Modes and shared routines.
     void DispatchMode();
@@ -112,14 +111,7 @@ public:
 
     // The form's state.
     DeskMode Mode = DeskMode::None;
-    bool ItemsOpen = false;
-    bool RulesLoaded = false;
-    bool LinesOpen = false;
     bool ActivatedOnce = false;
-    bool HaveRules = false;
-    bool EditingLine = false;
-    // The catalogue item the entry boxes stand on.
-    std::optional<CatalogueItem> CurrentItem;
 
     // Tells the user a step failed; the data stays as last saved.
     void reportFailure(const QString& what, const QString& why);
@@ -186,9 +178,6 @@ private:
 
     OrderFormControls m_ui;
     OrderDesk m_desk;
-    std::unique_ptr<ItemCatalogue> m_catalogue;
-    std::unique_ptr<BarcodeResolver> m_resolver;
-    std::unique_ptr<OrderLineBook> m_lines;
     bool m_watchingFrame = false;
     QString m_scanNote;
     QString m_guidanceBeforeNote;

@@ -34,9 +34,9 @@ void OrderForm::cmdcancelord_Click() {
 }
 
 void OrderForm::BeginLiveOrder() {
-    if (!ItemsOpen)
+    if (!m_desk.itemsOpen())
         OpenItems();
-    if (!RulesLoaded)
+    if (!m_desk.rulesLoaded)
         LoadBarcodeRules();
     applyScreen(DeskScreen::Recovered);
     RecoverLiveOrder();

@@ -41,9 +41,8 @@ struct OrderFormControls {
 namespace Header {
 enum { OrderNumber, OrderDate, ContactName, Reference, Notes1, Notes2, Status, Total };
 }
-// The longest item code, and the longest scan the code box takes: a GS1 case label or a
-// vendor's barcode before its rules strip it may be much longer than the code it gives.
-inline constexpr int ItemCodeLength = 25;
+// The longest scan the code box takes: a GS1 case label or a vendor's barcode before its rules
+// strip it may be much longer than the code it gives (at most ItemCodeLength).
 inline constexpr int ScanLength = 100;
 
 // Entry box indices.

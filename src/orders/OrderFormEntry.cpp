@@ -93,71 +93,45 @@ bool OrderForm::txtitem_KeyPress(int index, QKeyEvent* key) {
 void OrderForm::LoadBarcodeRules() {
     m_ui.lblinfo->setText(QStringLiteral("Loading Barcode rules"));
     WaitCursor wait;
-    HaveRules = false;
-    if (!ItemsOpen)
-        OpenItems();
-    auto rules = BarcodeResolver::loadActiveRules(vendorDb());
-    if (!rules) {
-        reportFailure(QStringLiteral("The barcode rules could not be read."), rules.message());
-        rules = QList<BarcodeRule>();
-    }
-    m_resolver = std::make_unique<BarcodeResolver>(*m_catalogue, rules.value());
-    HaveRules = m_resolver->haveRules();
-    RulesLoaded = true;
+    if (const Status loaded = m_desk.loadRules(vendorDb()); !loaded)
+        reportFailure(QStringLiteral("The barcode rules could not be read."), loaded.message());
 }
 
 void OrderForm::ResolveItemCode() {
-    if (!ItemsOpen)
-        OpenItems();
-    if (!m_resolver)
-        m_resolver = std::make_unique<BarcodeResolver>(*m_catalogue, QList<BarcodeRule>());
     QLineEdit* codeBox = m_ui.txtitem[Entry::Code];
-    const Resolution found = m_resolver->resolveScan(codeBox->text(), QDate::currentDate());
-    codeBox->setText(found.code);
-    showScanNote(found.problem.isEmpty() ? found.warnings.join(QLatin1Char(' ')) : found.problem);
-    if (found.item) {
-        FillFromItem(*found.item);
-        if (found.quantity)
-            m_ui.txtitem[Entry::Qty]->setText(QString::number(*found.quantity));
-        if (!found.warnings.isEmpty())
-            alertUser();
-        return;
-    }
-    if (!found.problem.isEmpty()) {
-        // A misread or a bad label is never made into an unknown item: the next scan is awaited.
+    const ScanStep step = m_desk.scan(vendorDb(), codeBox->text(), m_ui.chkunknown->isChecked(), QDate::currentDate());
+    codeBox->setText(step.code);
+    showScanNote(step.note);
+    if (step.alert)
         alertUser();
+    switch (step.outcome) {
+    case ScanOutcome::Item:
+        FillFromItem(*m_desk.currentItem);
+        if (step.quantity)
+            m_ui.txtitem[Entry::Qty]->setText(QString::number(*step.quantity));
+        return;
+    case ScanOutcome::Misread:
+    case ScanOutcome::NothingFound:
         ClearItemEntry();
         focusOn(codeBox);
         return;
-    }
-    if (!m_ui.chkunknown->isChecked()) {
-        // An unknown code is dropped, with no message to answer: the alert and the info line
-        // tell a person scanning that the code found nothing.
-        if (!codeBox->text().isEmpty()) {
-            showScanNote(QStringLiteral("No item has the code %1").arg(codeBox->text()));
-            alertUser();
-        }
-        ClearItemEntry();
+    case ScanOutcome::Empty:
         focusOn(codeBox);
         return;
-    }
-    if (codeBox->text().isEmpty()) {
-        focusOn(codeBox);
-        return;
-    }
-    if (codeBox->text().size() > ItemCodeLength) {
+    case ScanOutcome::TooLong:
         context().prompter().message(
             QStringLiteral("The item code is longer than %1 characters, too long to be saved").arg(ItemCodeLength),
             QStringLiteral("Data Error"), MessageIcon::Information);
         return;
-    }
-    if (!IsValidCode(codeBox->text(), false)) {
+    case ScanOutcome::BadCharacters:
         context().prompter().message(QStringLiteral("The item code contains illegal characters"),
                                      QStringLiteral("Data Error"), MessageIcon::Information);
         return;
+    case ScanOutcome::Unknown:
+        PromptUnknownItem();
+        focusOn(m_ui.txtitem[Entry::Description]);
+        return;
     }
-    PromptUnknownItem();
-    focusOn(m_ui.txtitem[Entry::Description]);
 }
 
 void OrderForm::showScanNote(const QString& note) {
@@ -175,7 +149,7 @@ void OrderForm::alertUser() {
 }
 
 void OrderForm::FillFromItem(const CatalogueItem& item) {
-    CurrentItem = item;
+    m_desk.currentItem = item;
     m_ui.txtitem[Entry::Code]->setText(item.code);
     m_ui.txtitem[Entry::Description]->setText(item.descr);
     m_ui.txtitem[Entry::Qty]->setText(QString::number(item.defQty));
@@ -233,13 +207,9 @@ void OrderForm::SaveUnknownItem() {
     item.price = Money::parse(m_ui.txtitem[Entry::Price]->text()).value_or(Money());
     item.packQty = int(wholeNumber(m_ui.txtitem[Entry::Pack]->text()).value_or(1));
     item.defQty = 1;
-    const Status saved = m_catalogue->addUnknownItem(item.code, item.descr, item.price, item.packQty);
-    if (!saved) {
+    if (const Status saved = m_desk.keepUnknownItem(item); !saved)
         reportFailure(QStringLiteral("The item %1 could not be added to the catalogue.").arg(item.code),
                       saved.message());
-        return;
-    }
-    CurrentItem = item;
 }
 
 void OrderForm::ClearItemEntry() {
@@ -273,9 +243,9 @@ void OrderForm::FindItemByDescription() {
         focusOn(m_ui.txtitem[Entry::Code]);
         return;
     }
-    if (!ItemsOpen)
+    if (!m_desk.itemsOpen())
         OpenItems();
-    const auto item = m_catalogue->findByDescription(*chosen);
+    const auto item = m_desk.catalogue->findByDescription(*chosen);
     if (!item) {
         context().prompter().message(QStringLiteral("Item description not found."),
                                      QStringLiteral("Item Description Error"), MessageIcon::Critical);

@@ -12,9 +12,9 @@
 namespace ordwell {
 
 void OrderForm::BeginNewOrder() {
-    if (!ItemsOpen)
+    if (!m_desk.itemsOpen())
         OpenItems();
-    if (!RulesLoaded)
+    if (!m_desk.rulesLoaded)
         LoadBarcodeRules();
     m_ui.lblinfo->setText(QStringLiteral("Enter new order details"));
     EnableMainButtons(true);

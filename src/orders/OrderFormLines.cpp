@@ -109,48 +109,29 @@ void OrderForm::ShowLineRow(int row, const QString& code, const QString& descrip
 }
 
 void OrderForm::OpenOrderLines() {
-    if (!m_lines)
-        m_lines = std::make_unique<OrderLineBook>(vendorDb());
-    const auto lines = m_lines->open(m_ui.txtheader[Header::OrderNumber]->text());
-    if (!lines) {
+    const auto lines = m_desk.openLines(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text());
+    if (!lines)
         reportFailure(QStringLiteral("The order's lines could not be read."), lines.message());
-        return;
-    }
-    LinesOpen = true;
 }
 
 void OrderForm::CloseOrderLines() {
-    if (!LinesOpen)
-        return;
-    if (m_lines)
-        m_lines->close();
-    LinesOpen = false;
+    m_desk.closeLines();
 }
 
 void OrderForm::OpenItems() {
-    m_catalogue = std::make_unique<ItemCatalogue>(vendorDb());
-    m_resolver.reset();
-    ItemsOpen = true;
+    m_desk.openItems(vendorDb());
 }
 
 void OrderForm::CloseItems() {
-    if (!ItemsOpen)
-        return;
-    m_resolver.reset();
-    m_catalogue.reset();
-    CurrentItem.reset();
-    ItemsOpen = false;
+    m_desk.closeItems();
 }
 
 void OrderForm::LoadOrderLines() {
-    if (!m_lines)
-        m_lines = std::make_unique<OrderLineBook>(vendorDb());
-    const auto lines = m_lines->open(m_ui.txtheader[Header::OrderNumber]->text());
+    const auto lines = m_desk.openLines(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text());
     if (!lines) {
         reportFailure(QStringLiteral("The order's lines could not be read."), lines.message());
         return;
     }
-    LinesOpen = true;
     const bool receiving = Mode == DeskMode::Receive;
     m_ui.flxitems->setUpdatesEnabled(false);
     for (const OrderLine& line : lines.value()) {
@@ -161,22 +142,19 @@ void OrderForm::LoadOrderLines() {
 }
 
 void OrderForm::AddOrUpdateLine() {
-    if (!CurrentItem || !LinesOpen)
-        return;
     const qint64 qty = QLocale().toLongLong(m_ui.txtitem[Entry::Qty]->text().trimmed());
     const Money price = Money::parse(m_ui.txtitem[Entry::Price]->text()).value_or(Money());
     const int pack = QLocale().toInt(m_ui.txtitem[Entry::Pack]->text().trimmed());
-    const auto change = m_lines->record(CurrentItem->code, m_ui.txtitem[Entry::Description]->text(), pack, qty, price,
-                                        EditingLine, shownHeader());
+    const auto change = m_desk.enterQuantity(qty, price, pack, m_ui.txtitem[Entry::Description]->text(), shownHeader());
     if (!change) {
         reportFailure(QStringLiteral("The line could not be stored; the order stays as last saved."), change.message());
         return;
     }
-    const OrderLine& line = change->line;
-    if (!change->appended)
-        EditingLine = false;
+    if (!change->has_value())
+        return;
+    const OrderLine& line = (*change)->line;
     ShowLineRow(line.line, line.code, line.descr, line.qty, line.price, line.packQty, line.status);
-    showTotal(change->total);
+    showTotal((*change)->total);
 }
 
 void OrderForm::LineRowChosen() {
@@ -196,17 +174,17 @@ void OrderForm::LineRowChosen() {
         focusOn(m_ui.txtitem[m_ui.txtitem[Entry::Code]->text().isEmpty() ? Entry::Code : Entry::Qty]);
         return;
     }
-    EditingLine = true;
+    m_desk.editingLine = true;
     m_ui.txtitem[Entry::Code]->setText(text(1));
     ResolveItemCode();
-    if (!CurrentItem || CurrentItem->code != text(1)) {
+    if (!m_desk.currentItem || m_desk.currentItem->code != text(1)) {
         // The line's item has left the catalogue: the line can still be changed or cancelled.
         CatalogueItem gone;
         gone.code = text(1);
         gone.descr = text(2);
         gone.packQty = text(5).toInt();
         gone.price = Money::parse(text(4)).value_or(Money());
-        CurrentItem = gone;
+        m_desk.currentItem = gone;
         m_ui.txtitem[Entry::Code]->setText(gone.code);
         entryBoxState(Entry::Code, false);
         QuantityState();

@@ -92,7 +92,7 @@ void OrderForm::carryOut() {
 
 // Print, export and receive: the shown order when the mode accepts it, else the mode's list.
 void OrderForm::beginChoosing() {
-    if (!ItemsOpen)
+    if (!m_desk.itemsOpen())
         OpenItems();
     if (!headerBox(Header::OrderNumber)->text().isEmpty() &&
         OrderNavigation::acceptedStatuses(wordOf(Mode)).contains(ReadOrderStatus())) {
@@ -164,9 +164,9 @@ void OrderForm::chooseShownOrder() {
 void OrderForm::BeginLoadOrder() {
     if (!OpenOrderList(OrderListKey::All) || listIsEmpty())
         return;
-    if (!ItemsOpen)
+    if (!m_desk.itemsOpen())
         OpenItems();
-    if (!RulesLoaded)
+    if (!m_desk.rulesLoaded)
         LoadBarcodeRules();
     showList();
 }

@@ -25,6 +25,57 @@ class TestOrderDesk : public test::StrictTest {
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
+    // Codes as scanned: an item, a code a barcode rule strips, and the ways a code that finds
+    // nothing is dropped, refused or kept; a quantity then makes the line or adds to it.
+    void scanningAndEntering() {
+        test::OrderDataFixture f;
+        f.addItem(QStringLiteral("A1"), QStringLiteral("Widget"), Money::fromPence(150), 6);
+        f.exec(
+            QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES ('99', 2, 1, 'A')"));
+        f.addOrder(Id, QStringLiteral("L"));
+        OrderDesk desk;
+        QVERIFY(desk.loadRules(f.vendorDb()));
+        QVERIFY(desk.haveRules);
+        const QDate today(2026, 3, 1);
+        for (const QString& scanned : {QStringLiteral("A1"), QStringLiteral("99A1X")}) {
+            desk.currentItem.reset();
+            const ScanStep step = desk.scan(f.vendorDb(), scanned, false, today);
+            QCOMPARE(step.outcome, ScanOutcome::Item);
+            QCOMPARE(step.code, QStringLiteral("A1"));
+            QCOMPARE(desk.currentItem->descr, QStringLiteral("Widget"));
+        }
+        const struct {
+            QString scanned;
+            bool keepUnknown;
+            ScanOutcome outcome;
+        } unknown[] = {
+            {QStringLiteral("ZZ9"), false, ScanOutcome::NothingFound},
+            {QStringLiteral("ZZ9"), true, ScanOutcome::Unknown},
+            {QString(), true, ScanOutcome::Empty},
+            {QString(26, QLatin1Char('Z')), true, ScanOutcome::TooLong},
+            {QStringLiteral("Z-9"), true, ScanOutcome::BadCharacters},
+        };
+        for (const auto& u : unknown)
+            QCOMPARE(desk.scan(f.vendorDb(), u.scanned, u.keepUnknown, today).outcome, u.outcome);
+        const ScanStep dropped = desk.scan(f.vendorDb(), QStringLiteral("ZZ9"), false, today);
+        QVERIFY(dropped.alert);
+        QCOMPARE(dropped.note, QStringLiteral("No item has the code ZZ9"));
+
+        QVERIFY(desk.openLines(f.vendorDb(), Id));
+        OrderHeaderFields header{Id, QStringLiteral("Pat"), {}, {}, {}, {}};
+        desk.scan(f.vendorDb(), QStringLiteral("A1"), false, today);
+        auto change = desk.enterQuantity(3, Money::fromPence(150), 6, QStringLiteral("Widget"), header);
+        QVERIFY(change && change->has_value() && (*change)->appended);
+        QCOMPARE((*change)->total, Money::fromPence(450));
+        header.total = (*change)->total; // as the form shows it
+        change = desk.enterQuantity(3, Money::fromPence(150), 6, QStringLiteral("Widget"), header);
+        QCOMPARE((*change)->line.qty, 6);
+        QCOMPARE((*change)->total, Money::fromPence(900));
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("qty")).toInt(), 6);
+        desk.currentItem.reset();
+        QVERIFY(!desk.enterQuantity(1, Money(), 1, QString(), header)->has_value());
+    }
+
     // A delivery typed line by line: part of a line, a refusal, a line passed over, and the
     // last item closing the order, after which the form goes idle.
     void receivingStepByStep() {
