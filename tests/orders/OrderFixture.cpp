@@ -1,11 +1,8 @@
 #include "OrderFixture.h"
 
-#include "orders/OrderWords.h"
-
 #include "app/MenuMasks.h"
 #include "app/VendorSession.h"
 #include "common/Sql.h"
-#include "store/Store.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -16,15 +13,7 @@
 
 namespace ordwell::test {
 
-OrderSession::OrderSession() {
-    storeOrganisationDetails(ctx());
-    if (!Store::CreateVendorDatabase(ctx().store(), QStringLiteral("ABC")))
-        qFatal("cannot create the vendor database");
-    if (!ctx().vendorSession().open(QStringLiteral("ABC"), QStringLiteral("Acme Ltd")))
-        qFatal("cannot open the vendor");
-    Sql::run(db(), QStringLiteral(
-                       "INSERT INTO vendor (vendorid, customerid, add1, county, postcode, repname, nextord, ordform) "
-                       "VALUES ('ABC', 'C1', '1 Road', 'Kent', 'CT1 1AA', 'Rep', 1000000, 'ordform.rpt')"));
+OrderSession::OrderSession() : OrderDataFixture(true) {
     m_window = openMainWindow(ctx());
     m_window->ApplyMenuMask(MenuMasks::VendorOpen);
 }
@@ -37,25 +26,18 @@ OrderSession::~OrderSession() {
 }
 
 void OrderSession::addItem(const QString& code, const QString& descr, const QString& price, int pack, int defQty) {
-    const Status s = Sql::run(
-        db(), QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)"),
-        {code, descr, pack, defQty, Money::parse(price)->tenThousandths(), QStringLiteral("2030-01-01")});
-    if (!s)
-        qFatal("cannot add item: %s", qPrintable(s.message()));
+    exec(QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) VALUES (?,?,?,?,?,?)"),
+         {code, descr, pack, defQty, Money::parse(price)->tenThousandths(), QStringLiteral("2030-01-01")});
 }
 
 void OrderSession::addRule(const QString& start, int skipFirst, int skipLast, const QString& status) {
-    Sql::run(db(), QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)"),
-             {start, skipFirst, skipLast, status});
+    exec(QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES (?,?,?,?)"),
+         {start, skipFirst, skipLast, status});
 }
 
 OrderForm* OrderSession::open(const QString& menuEntry) {
-    return openThrough([this, menuEntry] { m_window->triggerMenu(menuEntry); });
-}
-
-OrderForm* OrderSession::openThrough(const std::function<void()>& opener) {
     m_window->activateWindow();
-    opener();
+    m_window->triggerMenu(menuEntry);
     m_form = m_window->findChild<OrderForm*>(QStringLiteral("frmorder"));
     if (m_form && !QTest::qWaitFor([this] { return m_form->ActivatedOnce; }, 5000))
         qWarning("the order form was never activated");
@@ -91,30 +73,6 @@ void OrderSession::enter(QLineEdit* box, const QString& text, bool over) {
     QTest::keyClick(box, Qt::Key_Return);
 }
 
-void OrderSession::addOrder(const QString& id, const QString& status, const QString& total, const QString& note1,
-                            const QString& note2) {
-    const Status done =
-        Sql::run(db(),
-                 QStringLiteral("INSERT INTO orderhead (orderid, orderdate, name, reference, status, totalval, "
-                                "reprintcount, note1, note2) VALUES (?, '2020-03-11', 'Ann', 'R1', ?, ?, 0, ?, ?)"),
-                 {id, status, Money::parse(total)->tenThousandths(), Sql::textOrNull(note1), Sql::textOrNull(note2)});
-    if (!done)
-        qFatal("cannot add the order: %s", qPrintable(done.message()));
-}
-
-void OrderSession::addLine(const QString& id, int line, const QString& code, int qty, const QString& status,
-                           int received, const QString& price) {
-    const Money each = *Money::parse(price);
-    const Status done = Sql::run(
-        db(),
-        QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, recvqty, "
-                       "recvdate) VALUES (?, ?, ?, '2020-03-11', ?, ?, ?, ?, ?, '1980-07-04')"),
-        {id, line, code, status, qty, each.tenThousandths(),
-         status == QLatin1String("C") ? 0 : (each * qty).tenThousandths(), received});
-    if (!done)
-        qFatal("cannot add the line: %s", qPrintable(done.message()));
-}
-
 void OrderSession::chooseRow(int row) {
     QTableWidget* grid = m_form->ui().flxitems;
     grid->setCurrentCell(row, 1);
@@ -127,17 +85,6 @@ void OrderSession::chooseRow(int row) {
 QVariant OrderSession::value(const QString& sql, const QVariantList& values) {
     auto v = Sql::scalar(db(), sql, values);
     return v ? *v : QVariant();
-}
-
-QString OrderSession::orderStatus(const QString& orderId) {
-    return value(QStringLiteral("SELECT status FROM orderhead WHERE orderid = ?"), {orderId}).toString();
-}
-
-QString OrderSession::lineStatuses(const QString& orderId) {
-    QString text;
-    for (const StoredLine& line : lines(orderId))
-        text += line.status;
-    return text;
 }
 
 QString OrderSession::linesText(const QString& orderId) {

@@ -1,30 +1,25 @@
 #pragma once
 
-#include "common/Money.h"
+#include "OrderDataFixture.h"
 #include "orders/OrderForm.h"
 #include "shell/MainWindow.h"
-#include "support/TestSupport.h"
 
 #include <QAbstractButton>
 #include <QPointer>
-#include <QSqlDatabase>
 #include <QStringList>
-#include <functional>
 #include <memory>
 
 namespace ordwell::test {
 
-// The main window with vendor ABC open (next order 1000000) over a small catalogue, and the
-// order form opened from the menu as the user does.
-class OrderSession {
+// The main window with vendor ABC open through its session (next order 1000000), and the order
+// form opened from the menu as the user does.
+class OrderSession : public OrderDataFixture {
 public:
     OrderSession();
     ~OrderSession();
 
-    AppContext& ctx() { return m_context.context(); }
-    ScriptedPrompter& prompter() { return m_context.prompter(); }
     MainWindow& window() { return *m_window; }
-    QSqlDatabase db() { return ctx().vendorDb(); }
+    QSqlDatabase db() { return vendorDb(); }
 
     void addItem(const QString& code, const QString& descr, const QString& price, int pack = 1, int defQty = 1);
     void addRule(const QString& start, int skipFirst, int skipLast, const QString& status = QStringLiteral("A"));
@@ -46,17 +41,8 @@ public:
     // Chooses a grid row the way a double-click does.
     void chooseRow(int row);
 
-    // Orders and lines put straight into the database, dated 11 March 2020.
-    void addOrder(const QString& id, const QString& status, const QString& total = QStringLiteral("0"),
-                  const QString& note1 = {}, const QString& note2 = {});
-    void addLine(const QString& id, int line, const QString& code, int qty, const QString& status, int received = 0,
-                 const QString& price = QStringLiteral("1.50"));
-
     // Stored values, read back.
     QVariant value(const QString& sql, const QVariantList& values = {});
-    QString orderStatus(const QString& orderId);
-    // The lines' statuses in line order, e.g. "LLC".
-    QString lineStatuses(const QString& orderId);
     // The lines in line order as "code qty value status", e.g. "A1 6 9.00 L|C3 0 0.00 C".
     QString linesText(const QString& orderId);
     Money orderTotal(const QString& orderId);
@@ -70,9 +56,6 @@ public:
     QList<StoredLine> lines(const QString& orderId);
 
 private:
-    OrderForm* openThrough(const std::function<void()>& opener);
-
-    TestContext m_context;
     std::unique_ptr<MainWindow> m_window;
     QPointer<OrderForm> m_form;
 };

@@ -25,8 +25,8 @@ const QString Id = QStringLiteral("ABC0000001");
 // A printed order of two blue pens.
 void printedOrder(OrderSession& s) {
     s.addItem(QStringLiteral("A1"), QStringLiteral("Blue pens"), QStringLiteral("1.50"));
-    s.addOrder(Id, QStringLiteral("P"), QStringLiteral("3.00"));
-    s.addLine(Id, 1, QStringLiteral("A1"), 2, QStringLiteral("P"));
+    s.addOrder(Id, QStringLiteral("P"), Money::fromPence(300));
+    s.addLine(Id, 1, QStringLiteral("A1"), 2, Money::fromPence(150), QStringLiteral("P"));
 }
 
 } // namespace
@@ -43,9 +43,9 @@ private slots:
         OrderSession s;
         s.addItem(QStringLiteral("A1"), QStringLiteral("Blue pens"), QStringLiteral("1.50"));
         s.addItem(QStringLiteral("A2"), QStringLiteral("Red ink, bottled"), QStringLiteral("2.25"));
-        s.addOrder(Id, QStringLiteral("P"), QStringLiteral("6.00"), QStringLiteral(" "), QStringLiteral(" "));
-        s.addLine(Id, 1, QStringLiteral("A1"), 4, QStringLiteral("P"));
-        s.addLine(Id, 2, QStringLiteral("A2"), 0, QStringLiteral("C"), 0, QStringLiteral("2.25"));
+        s.addOrder(Id, QStringLiteral("P"), Money::fromPence(600), QStringLiteral(" "), QStringLiteral(" "));
+        s.addLine(Id, 1, QStringLiteral("A1"), 4, Money::fromPence(150), QStringLiteral("P"));
+        s.addLine(Id, 2, QStringLiteral("A2"), 0, Money::fromPence(225), QStringLiteral("C"));
 
         OrderForm* form = s.open(QStringLiteral("mnuexpord"));
         QVERIFY(form);
@@ -54,14 +54,16 @@ private slots:
         s.click(form->ui().cmdnavbutton[2]);
         QCOMPARE(s.prompter().messages.last().title, QStringLiteral("Export Complete"));
 
-        QCOMPARE(test::fileContents(QDir(s.ctx().DesktopPath).filePath(QStringLiteral("ABC0000001.csv"))),
-                 QByteArray("FROM:,Head Office,,1 High St,,,Kent,CT11AA,Ann,01234 567890,ann@example.org\r\n"
-                            "TO:,C1,Acme Ltd,1 Road,,,Kent,CT1 1AA,Rep,,,,,,\r\n"
-                            "ORDER:,ABC0000001,11/03/2020,Ann,R1,6.00\r\n"
-                            "NOTES:,\r\n"
-                            "NOTES:, \r\n"
-                            "LINE:1,A1,Blue pens,4,1.5,6.00\r\n"
-                            "LINE:2,A2,Red ink, bottled,0,2.25,0.00\r\n"));
+        QCOMPARE(
+            test::fileContents(QDir(s.ctx().DesktopPath).filePath(QStringLiteral("ABC0000001.csv"))),
+            QByteArray(
+                "FROM:,Head Office,,1 High St,,,Kent,CT11AA,Ann,01234 567890,ann@example.org\r\n"
+                "TO:,CUST7,Acme Supplies,2 Mill Lane,,Leeds,Yorks,LS11AA,Rob Rep,0113 000,,Cat,,,cat@acme.example\r\n"
+                "ORDER:,ABC0000001,11/03/2020,Ann,REF1,6.00\r\n"
+                "NOTES:,\r\n"
+                "NOTES:, \r\n"
+                "LINE:1,A1,Blue pens,4,1.5,6.00\r\n"
+                "LINE:2,A2,Red ink, bottled,0,2.25,0.00\r\n"));
         QCOMPARE(s.orderStatus(Id), QStringLiteral("X"));
         QCOMPARE(s.lineStatuses(Id), QStringLiteral("XC"));
         QCOMPARE(s.header(6)->text(), QStringLiteral("X - EXPORTED"));
@@ -97,7 +99,6 @@ private slots:
     void emailedFromTheForm() {
         OrderSession s;
         ShippedReports::installMissing(s.ctx().dataDir());
-        Sql::run(s.db(), QStringLiteral("UPDATE vendor SET contactemail = 'cat@acme.example'"));
         printedOrder(s);
         QTemporaryDir bin;
         QVERIFY(test::writeFile(bin.filePath(QStringLiteral("xdg-email")), "#!/bin/sh\nexit ${MAIL_EXIT:-0}\n"));

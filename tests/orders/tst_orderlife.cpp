@@ -23,6 +23,7 @@ namespace {
 
 const QString Id = QStringLiteral("ABC0000001");
 const QString Id2 = QStringLiteral("ABC0000002");
+const Money Price = Money::fromPence(150);
 
 QString navMask(OrderForm* form) {
     QString mask;
@@ -110,9 +111,9 @@ private slots:
     // total is zeroed, every line "C", quantities kept.
     void takeUpAndCancel() {
         OrderSession s;
-        s.addOrder(Id, "E", QStringLiteral("6.00"));
-        s.addLine(Id, 1, QStringLiteral("A1"), 2, "E");
-        s.addLine(Id, 2, QStringLiteral("A2"), 2, "C");
+        s.addOrder(Id, "E", Money::fromPence(600));
+        s.addLine(Id, 1, QStringLiteral("A1"), 2, Price, "E");
+        s.addLine(Id, 2, QStringLiteral("A2"), 2, Price, "C");
         OrderForm* form = s.open(QStringLiteral("mnuLdOrd"));
         s.click(form->ui().cmdnavbutton[2]);
         QCOMPARE(s.orderStatus(Id), QStringLiteral("L"));
@@ -140,7 +141,7 @@ private slots:
     void directQuestions() {
         OrderSession s;
         s.addOrder(Id, "X");
-        s.addLine(Id, 1, QStringLiteral("A1"), 4, "X");
+        s.addLine(Id, 1, QStringLiteral("A1"), 4, Price, "X");
         OrderForm* form = s.open(QStringLiteral("mnuLdOrd"));
         s.click(form->ui().cmdnavbutton[2]);
         QCOMPARE(s.header(6)->text(), QStringLiteral("X - EXPORTED"));
@@ -171,8 +172,8 @@ private slots:
         Sql::run(s.db(), QStringLiteral("UPDATE vendor SET ordform = ?"),
                  {s.ctx().dataFile(QStringLiteral("nothere.rpt"))});
         s.addOrder(Id, "E");
-        s.addLine(Id, 1, QStringLiteral("A1"), 4, "E");
-        s.addLine(Id, 2, QStringLiteral("A2"), 1, "C");
+        s.addLine(Id, 1, QStringLiteral("A1"), 4, Price, "E");
+        s.addLine(Id, 2, QStringLiteral("A2"), 1, Price, "C");
         OrderForm* form = s.open(QStringLiteral("mnuprtord"));
         s.click(form->ui().cmdnavbutton[2]);
         QCOMPARE(s.prompter().messages.size(), 1);
@@ -199,9 +200,9 @@ private slots:
     void receivingLineByLine() {
         OrderSession s;
         s.addOrder(Id, "S");
-        s.addLine(Id, 1, QStringLiteral("A1"), 10, "S", 4);
-        s.addLine(Id, 2, QStringLiteral("A2"), 2, "R", 2);
-        s.addLine(Id, 3, QStringLiteral("A3"), 5, "C");
+        s.addLine(Id, 1, QStringLiteral("A1"), 10, Price, "S", 4);
+        s.addLine(Id, 2, QStringLiteral("A2"), 2, Price, "R", 2);
+        s.addLine(Id, 3, QStringLiteral("A3"), 5, Price, "C");
         OrderForm* form = s.open(QStringLiteral("mnuLdOrd"));
         const OrderFormControls& ui = form->ui();
         QCOMPARE(QApplication::focusWidget(), ui.cmdnavbutton[2]);
@@ -249,9 +250,9 @@ private slots:
     void receivingAll() {
         OrderSession s;
         s.addOrder(Id, "S");
-        s.addLine(Id, 1, QStringLiteral("A1"), 10, "S", 4);
+        s.addLine(Id, 1, QStringLiteral("A1"), 10, Price, "S", 4);
         s.addOrder(Id2, "S");
-        s.addLine(Id2, 1, QStringLiteral("A1"), 2, "R", 2);
+        s.addLine(Id2, 1, QStringLiteral("A1"), 2, Price, "R", 2);
         OrderForm* form = s.open(QStringLiteral("mnuRcvOrd"));
         selectOrder(s, Id);
         s.prompter().expect(QStringLiteral("Do you want to receive all items in the order?"), MessageAnswer::Yes);
