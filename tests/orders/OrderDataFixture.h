@@ -3,6 +3,7 @@
 #include "app/VendorSession.h"
 #include "common/Money.h"
 #include "common/Sql.h"
+#include "settings/PeppolParty.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
 
@@ -69,6 +70,20 @@ public:
         exec(QStringLiteral("INSERT INTO orderline (orderid, line, code, linedate, status, qty, price, lineval, "
                             "recvqty, recvdate) VALUES (?, ?, ?, '2020-03-11', ?, ?, ?, ?, ?, '1980-07-04')"),
              {orderId, line, code, status, qty, price.tenThousandths(), (price * qty).tenThousandths(), received});
+    }
+
+    // The organisation and the vendor ready for electronic (Peppol) orders.
+    void giveParties() {
+        if (!PeppolPartyStore::save(systemDb(), PeppolSide::Organisation,
+                                    {QStringLiteral("0088"), QStringLiteral("5012345000008"),
+                                     QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), QStringLiteral("GBP")}) ||
+            !PeppolPartyStore::save(vendorDb(), PeppolSide::Vendor,
+                                    {QStringLiteral("0088"),
+                                     QStringLiteral("7300010000001"),
+                                     QStringLiteral("Acme Supplies plc"),
+                                     QStringLiteral("GB"),
+                                     {}}))
+            qFatal("cannot store the Peppol parties");
     }
 
     // One stored value, e.g. value("orderhead", "status", "orderid", "ABC1000000").

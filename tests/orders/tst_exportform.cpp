@@ -6,7 +6,6 @@
 #include "common/Sql.h"
 #include "orders/OrderEmail.h"
 #include "reports/ShippedReports.h"
-#include "settings/PeppolParty.h"
 
 #include <QDir>
 #include <QLabel>
@@ -146,21 +145,12 @@ private slots:
         QVERIFY(s.prompter().messages.last().text.contains(QStringLiteral("- the vendor's country")));
         QCOMPARE(s.orderStatus(Id), QStringLiteral("P"));
 
-        QVERIFY(
-            PeppolPartyStore::save(s.ctx().systemDb(), PeppolSide::Organisation,
-                                   {QStringLiteral("0088"), QStringLiteral("5012345000008"),
-                                    QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), QStringLiteral("GBP")}));
-        QVERIFY(PeppolPartyStore::save(s.db(), PeppolSide::Vendor,
-                                       {QStringLiteral("9932"),
-                                        QStringLiteral("GB123456789"),
-                                        QStringLiteral("Acme Supplies plc"),
-                                        QStringLiteral("GB"),
-                                        {}}));
+        s.giveParties();
         s.click(form->ui().cmdpeppol);
         QCOMPARE(form->ui().lblinfo->text(),
                  QStringLiteral("Order ABC0000001 written to the desktop as ABC0000001.xml"));
         QVERIFY(test::fileContents(QDir(s.ctx().DesktopPath).filePath(QStringLiteral("ABC0000001.xml")))
-                    .contains("<cbc:EndpointID schemeID=\"9932\">GB123456789</cbc:EndpointID>"));
+                    .contains("<cbc:EndpointID schemeID=\"0088\">7300010000001</cbc:EndpointID>"));
         QCOMPARE(s.orderStatus(Id), QStringLiteral("X"));
         s.click(form->ui().cmdbutton[MainButton::Exit]);
     }

@@ -131,25 +131,16 @@ void TestItemEntry::queuedScansLandInTheirBoxes() {
     for (int n = 0; n < 100; ++n) {
         const int i = (n * 3) % 10;
         const QString code = QStringLiteral("Q%1").arg(i);
-        const int count = 2 + n % 4;
-        QString scanned;
-        int qty = 1 + i % 2;
-        switch (n % 4) {
-        case 0:
-            scanned = QStringLiteral("7%1CK").arg(code);
-            break;
-        case 1:
-            scanned = code;
-            break;
-        case 2:
-            scanned = QLatin1String(Gtins[i]);
-            break;
-        default:
-            scanned = QStringLiteral("]C1020") + QLatin1String(Gtins[i]) + QStringLiteral("37") +
-                      QString::number(count) + gs + QStringLiteral("10b") + QString::number(n);
-            qty = count;
-            break;
-        }
+        const int count = 2 + n % 4; // on a case label
+        const QString gtin = QLatin1String(Gtins[i]);
+        const QString label = QStringLiteral("]C1020") + gtin + QStringLiteral("37") + QString::number(count) + gs +
+                              QStringLiteral("10b") + QString::number(n);
+        const int kind = n % 4;
+        const QString scanned = kind == 0   ? QStringLiteral("7%1CK").arg(code)
+                                : kind == 1 ? code
+                                : kind == 2 ? gtin
+                                            : label;
+        const int qty = kind == 3 ? count : 1 + i % 2;
         for (const QChar c : scanned) {
             if (c == gs && n % 8 == 3)
                 post(Qt::Key_BracketRight, QString(gs), Qt::ControlModifier);

@@ -26,19 +26,6 @@ namespace {
 
 const QString PeppolData = QStringLiteral(ORDWELL_PEPPOL_DATA);
 
-// The organisation and vendor Acme ready for electronic orders.
-void giveParties(test::OrderDataFixture& f) {
-    QVERIFY(PeppolPartyStore::save(f.systemDb(), PeppolSide::Organisation,
-                                   {QStringLiteral("0088"), QStringLiteral("5012345000008"),
-                                    QStringLiteral("Head Office Ltd"), QStringLiteral("GB"), QStringLiteral("GBP")}));
-    QVERIFY(PeppolPartyStore::save(f.vendorDb(), PeppolSide::Vendor,
-                                   {QStringLiteral("0088"),
-                                    QStringLiteral("7300010000001"),
-                                    QStringLiteral("Acme Supplies plc"),
-                                    QStringLiteral("GB"),
-                                    {}}));
-}
-
 QString run(const QString& program, const QStringList& arguments, int* exitCode) {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
@@ -100,7 +87,7 @@ private slots:
     // its live lines exported, the cancelled line stays cancelled and is left out.
     void realOrdersPassTheSchemaAndTheRules() {
         test::OrderDataFixture f;
-        giveParties(f);
+        f.giveParties();
         f.addItem(QStringLiteral("CB1"), QStringLiteral("Crème brûlée pots"), Money::fromPence(1250), 6);
         f.addItem(QStringLiteral("SV2"), QStringLiteral("Salt & vinegar <large>"), Money::fromTenThousandths(1234));
         f.addItem(QStringLiteral("GONE"), QStringLiteral("Taken out later"), Money::fromPence(100));
@@ -219,13 +206,13 @@ private slots:
         QVERIFY2(!result.message.contains(QLatin1String("organisation's electronic address")),
                  qPrintable(result.message));
 
-        giveParties(f);
+        f.giveParties();
         QVERIFY(Sql::run(f.vendorDb(), QStringLiteral("UPDATE vendor SET peppolid = '7300010000002'")));
         result = attempt(id);
         QCOMPARE(result.outcome, OrderExport::Outcome::Failed);
         QVERIFY2(result.message.contains(QLatin1String("not a valid GS1 location number")), qPrintable(result.message));
 
-        giveParties(f);
+        f.giveParties();
         const QString cancelledOnly = QStringLiteral("ABC1000002");
         f.addOrder(cancelledOnly, OrderStatus::Printed);
         f.addLine(cancelledOnly, 1, QStringLiteral("A1"), 3, Money::fromPence(300), OrderStatus::Cancelled);
@@ -288,7 +275,7 @@ private slots:
     // its --out (exit 2).
     void commandLine() {
         test::OrderDataFixture f;
-        giveParties(f);
+        f.giveParties();
         QVERIFY(VendorRepository::addVendor(f.systemDb(), QStringLiteral("Acme Supplies"), QStringLiteral("ABC")));
         f.addItem(QStringLiteral("A1"), QStringLiteral("Apples"), Money::fromPence(300));
         const QString id = QStringLiteral("ABC1000001");
