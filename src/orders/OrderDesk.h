@@ -25,7 +25,17 @@ DeskMode deskModeFromWord(const QString& word);
 QString wordOf(DeskMode mode);
 
 // The order form's named screens: what each step leaves shown, locked and enabled.
-enum class DeskScreen { Idle, Browsing, ShownForAction, TakenUp, Recovered, Receiving };
+enum class DeskScreen {
+    Idle,
+    Browsing,
+    ShownForAction,
+    TakenUp,
+    Recovered,
+    Receiving,
+    NewHeader,     // a new order's details being typed
+    Entering,      // lines being entered under a finished header
+    EditingHeader, // the header opened again from line entry
+};
 
 // What a step did and the screen that follows it. A failed step leaves the data as it was and
 // names what could not be done; the form stays where it is.

@@ -17,19 +17,8 @@ void OrderForm::BeginNewOrder() {
     if (!m_desk.rulesLoaded)
         LoadBarcodeRules();
     m_ui.lblinfo->setText(QStringLiteral("Enter new order details"));
-    EnableMainButtons(true);
-    ShowNavigationBar(false);
-    ShowEntryRow(true);
-    ShowCancelOrder(true);
-    ShowReceiveControls(false);
-    ShowStartOrder(true);
-    ShowEditOrder(true);
-    LockHeader(false);
-    LockEntryRow(true);
+    applyScreen(DeskScreen::NewHeader);
     ShowNewHeader();
-    SetGridTabStop(false);
-    EnableCancelOrder(false);
-    EnableStartOrder(true);
 }
 
 void OrderForm::ShowNewHeader() {
@@ -92,19 +81,11 @@ void OrderForm::showTotal(Money total) {
 
 void OrderForm::cmdstartorder_Click() {
     SaveOrderHeader(QStringLiteral("UPDATE"));
-    LockHeader(true);
-    LockEntryRow(false);
-    SetGridTabStop(true);
-    EnableStartOrder(false);
-    EnableEditOrder(true);
+    applyScreen(DeskScreen::Entering);
 }
 
 void OrderForm::cmdedit_Click() {
-    LockHeader(false);
-    LockEntryRow(true);
-    EnableStartOrder(true);
-    EnableEditOrder(false);
-    SetGridTabStop(false);
+    applyScreen(DeskScreen::EditingHeader);
 }
 
 bool OrderForm::txtheader_KeyPress(int index, QKeyEvent* key) {

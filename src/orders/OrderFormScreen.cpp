@@ -32,6 +32,9 @@ constexpr ScreenRow Screens[] = {
     {DeskScreen::TakenUp,       -1,  1, -1,  1, -1,  1,  1,  1,  0,  1, -1,  0,  1, -1},
     {DeskScreen::Recovered,      0,  1, -1,  1,  0,  1,  1,  1,  0,  1,  1,  0,  1,  1},
     {DeskScreen::Receiving,      0,  1,  0,  0,  1,  0,  0,  1,  1,  1,  1,  0, -1,  1},
+    {DeskScreen::NewHeader,      0,  1, -1,  1,  0,  1,  1,  0,  1,  0,  0,  1, -1,  1},
+    {DeskScreen::Entering,      -1, -1, -1, -1, -1, -1, -1,  1,  0,  1, -1,  0,  1, -1},
+    {DeskScreen::EditingHeader, -1, -1, -1, -1, -1, -1, -1,  0,  1,  0, -1,  1,  0, -1},
 };
 // clang-format on
 
