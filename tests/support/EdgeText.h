@@ -54,10 +54,8 @@ inline QString keptOf(const QString& text, int length) {
 
 // Strings with no half of a surrogate pair on its own.
 inline bool wholeCharacters(const QString& text) {
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
-            ++i;
-        else if (text.at(i).isSurrogate())
+    for (const QString& one : characters(text)) {
+        if (one.size() == 1 && one.at(0).isSurrogate())
             return false;
     }
     return true;

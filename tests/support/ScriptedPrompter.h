@@ -23,7 +23,6 @@ struct ShownMessage {
 class MessageLog {
 public:
     qsizetype size() const { return noted().size(); }
-    qsizetype count() const { return size(); }
     bool isEmpty() const { return noted().isEmpty(); }
     const ShownMessage& at(qsizetype i) const { return noted().at(i); }
     const ShownMessage& operator[](qsizetype i) const { return at(i); }
