@@ -149,6 +149,12 @@ private slots:
         QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("SSSC"));
         f.exec(QStringLiteral("DROP TRIGGER refuse"));
 
+        // An order and its lines move together or not at all.
+        f.exec(QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE ON orderline BEGIN SELECT RAISE(ABORT, 'no'); END"));
+        QVERIFY(!OrderDesk::takeUp(f.vendorDb(), Id, QDate(2026, 3, 1)));
+        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("SSSC"));
+        f.exec(QStringLiteral("DROP TRIGGER refuse"));
+
         const DeskStep cancelled = OrderDesk::cancel(f.vendorDb(), Id);
         QVERIFY(cancelled.status);
         QCOMPARE(cancelled.next, DeskScreen::Idle);
