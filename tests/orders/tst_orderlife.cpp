@@ -90,9 +90,8 @@ private slots:
     void emptyListsSayNoOrders_data() {
         QTest::addColumn<QString>("menu");
         QTest::addColumn<QString>("text");
-        QTest::newRow("load") << "mnuLdOrd"
-                              << "There are no orders to load, please create a new order";
-        QTest::newRow("receive") << "mnuRcvOrd"
+        QTest::newRow("load") << QStringLiteral("mnuLdOrd") << "There are no orders to load, please create a new order";
+        QTest::newRow("receive") << QStringLiteral("mnuRcvOrd")
                                  << "There are no orders to load, please select a different option";
     }
     void emptyListsSayNoOrders() {
