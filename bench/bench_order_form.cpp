@@ -290,7 +290,7 @@ int main(int argc, char** argv) {
             QCoreApplication::processEvents(); // painted
             loads.push_back(timer.nsecsElapsed() / 1e6);
         }
-        if (!form->lineBook() || form->lineBook()->nextLineNumber() != LineCount + 1) {
+        if (!form->desk().lines || form->desk().lines->nextLineNumber() != LineCount + 1) {
             std::fprintf(stderr, "the order's lines were not loaded\n");
             return 1;
         }

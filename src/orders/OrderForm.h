@@ -34,6 +34,8 @@ public:
     QString vendorCode() const;
     QSqlDatabase vendorDb() const;
     OrderRepository orders() const { return OrderRepository(vendorDb()); }
+    // What the form works from between user actions.
+    const OrderDesk& desk() const { return m_desk; }
 
     // Modes and shared routines.
     void DispatchMode();
