@@ -110,8 +110,6 @@ public:
 
     // Counts what the order had and has had; true when nothing is outstanding.
     Result<bool> countReceipt(const QSqlDatabase& db, const QString& orderId);
-    // A receipt booked against a line; true when it was the last of the order.
-    bool booked(int quantity);
 
     // The vendor's catalogue and barcode rules, open while orders are entered.
     void openItems(const QSqlDatabase& db);
@@ -145,6 +143,10 @@ public:
     // The catalogue item the entry boxes stand on, and whether a line of the grid is changed.
     std::optional<CatalogueItem> currentItem;
     bool editingLine = false;
+
+private:
+    // A receipt booked against a line; true when it was the last of the order.
+    bool booked(int quantity);
 };
 
 } // namespace ordwell

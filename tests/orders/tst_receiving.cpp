@@ -1,3 +1,6 @@
+// The order desk's steps without the form, receiving above all: each step does its work in the
+// database and says which screen follows; a step that fails says what could not be done and
+// leaves the data alone.
 #include "OrderDataFixture.h"
 #include "orders/OrderDesk.h"
 #include "orders/Receiving.h"
@@ -18,6 +21,10 @@ void exportedOrder(test::OrderDataFixture& f) {
     f.addLine(Id, 1, QStringLiteral("A1"), 10, Money::fromPence(200), QStringLiteral("X"));
     f.addLine(Id, 2, QStringLiteral("B2"), 4, Money::fromPence(100), QStringLiteral("X"));
     f.addLine(Id, 3, QStringLiteral("C3"), 0, Money::fromPence(500), QStringLiteral("C"), 0);
+}
+
+QString today() {
+    return QDate::currentDate().toString(Qt::ISODate);
 }
 } // namespace
 
@@ -52,10 +59,11 @@ private slots:
         QCOMPARE(judged.quantity, quantity);
     }
 
-    // The desk the order form works from, without the form: the chosen order's status comes
-    // from the list, not from what a box shows, and the delivery's count says when the last
-    // of the order has come.
-    void deskFollowsTheListAndTheDelivery() {
+    // The chosen order's status comes from the list, not from what a box shows. Taking up and
+    // finishing move the order and its live lines together, the finished order keeping the
+    // total shown; finishing an order that is not live leaves it alone; and when the lines
+    // cannot move, the order does not either.
+    void listTakeUpAndFinish() {
         test::OrderDataFixture f;
         exportedOrder(f);
         OrderDesk desk;
@@ -66,15 +74,8 @@ private slots:
         desk.closeList();
         QVERIFY(desk.chosenStatus().isEmpty());
 
-        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
-        QCOMPARE(desk.countReceipt(f.vendorDb(), Id).value(), false);
-        QVERIFY(!desk.booked(10));
-        QVERIFY(desk.booked(4)); // 14 ordered on the live lines
-
-        // Taking up and finishing: order and live lines move together, the finished order
-        // keeping the total shown; finishing an order that is not live leaves it alone.
         QVERIFY(OrderDesk::finish(f.vendorDb(), Id, Money::fromPence(999), QDate(2026, 3, 1)));
-        QCOMPARE(f.orderStatus(Id), QStringLiteral("S"));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
         QVERIFY(OrderDesk::takeUp(f.vendorDb(), Id, QDate(2026, 3, 1)));
         QCOMPARE(f.lineStatuses(Id), QStringLiteral("LLC"));
         QVERIFY(OrderDesk::finish(f.vendorDb(), Id, Money::fromPence(1234), QDate(2026, 3, 1)));
@@ -83,52 +84,142 @@ private slots:
                      .toLongLong(),
                  Money::fromPence(1234).tenThousandths());
 
-        // Order and lines move together or not at all: with the lines' table gone, taking the
-        // order up fails and leaves the order "E".
         f.exec(QStringLiteral("DROP TABLE orderline"));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("UPDATE orderline")));
         QVERIFY(!OrderDesk::takeUp(f.vendorDb(), Id, QDate(2026, 3, 1)));
         QCOMPARE(f.orderStatus(Id), QStringLiteral("E"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("orderline")));
+        const DeskStep refused = OrderDesk::cancel(f.vendorDb(), Id);
+        QVERIFY(!refused.status);
+        QVERIFY(refused.failed.startsWith(QStringLiteral("The order could not be cancelled")));
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("E"));
     }
 
-    // Starting makes the order and its live lines "S" (cancelled lines count for nothing); then
-    // 3 and 7 of 10 received on two days, one more than outstanding refused without a change;
-    // Receive All books the rest, the order "R" with its date, the lines' own dates and the
-    // cancelled line untouched. Taken up again while part received, the lines stay as they are.
-    void receivingInPartsThenAll() {
+    // A delivery typed line by line: starting makes the order and its live lines "S"; part of
+    // a line, one more than outstanding refused, a line passed over, a cancelled line refused;
+    // taken up again while part received, the lines stay as they are; the last item closes the
+    // order "R" with today's date, and the form goes idle.
+    void receivingStepByStep() {
         test::OrderDataFixture f;
         exportedOrder(f);
-        QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
+        OrderDesk desk;
+        const DeskStep started = desk.startReceiving(f.vendorDb(), Id);
+        QVERIFY(started.status);
+        QCOMPARE(started.next, DeskScreen::Receiving);
         QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("SSSC"));
-        const auto totals = Receiving::CountReceipt(f.vendorDb(), Id).value();
-        QCOMPARE(totals.ordered, 14);
-        QCOMPARE(totals.received, 0);
-        QVERIFY(!totals.complete());
+        QCOMPARE(desk.orderedTotal, 14);
 
-        auto first = Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 3, QDate(2024, 5, 1));
-        QVERIFY(first);
-        QCOMPARE(first.value().outstanding(), 7);
-        QCOMPARE(first.value().status, QStringLiteral("S"));
-        QVERIFY(!Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 8));
+        ReceiptStep step = desk.receive(f.vendorDb(), Id, QStringLiteral("A1"), QStringLiteral("3"), 10);
+        QCOMPARE(step.verdict, Receiving::Verdict::Book);
+        QCOMPARE(step.next, DeskScreen::Receiving);
+        QCOMPARE(step.line->outstanding(), 7);
+        QCOMPARE(step.line->status, QStringLiteral("S"));
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvdate")).toString(), today());
+        for (const QString& typed : {QStringLiteral("8"), QStringLiteral("-1"), QStringLiteral("0")}) {
+            step = desk.receive(f.vendorDb(), Id, QStringLiteral("A1"), typed, 7);
+            QCOMPARE(step.next, DeskScreen::Receiving);
+            QVERIFY(!step.line);
+        }
+        QCOMPARE(step.verdict, Receiving::Verdict::PassOver);
         QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvqty")).toInt(), 3);
-        QVERIFY(!Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("C3"), 1));
-        auto second = Receiving::ReceiveLine(f.vendorDb(), Id, QStringLiteral("A1"), 7, QDate(2024, 5, 2));
-        QVERIFY(second);
-        QCOMPARE(second.value().outstanding(), 0);
-        QCOMPARE(second.value().status, QStringLiteral("R"));
-        QCOMPARE(second.value().line, 1);
-        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("SRSC"));
-        QCOMPARE(Receiving::CountReceipt(f.vendorDb(), Id).value().received, 10);
+        // A grid out of date: the database refuses more than is outstanding, and says so.
+        step = desk.receive(f.vendorDb(), Id, QStringLiteral("A1"), QStringLiteral("12"), 12);
+        QCOMPARE(step.failed, QStringLiteral("The receipt could not be stored."));
+        QVERIFY(!desk.receive(f.vendorDb(), Id, QStringLiteral("C3"), QStringLiteral("1"), 1).status);
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvqty")).toInt(), 3);
+
+        step = desk.receive(f.vendorDb(), Id, QStringLiteral("A1"), QStringLiteral("7"), 7);
+        QCOMPARE(step.line->status, QStringLiteral("R"));
         QVERIFY(Receiving::StartReceiving(f.vendorDb(), Id));
         QCOMPARE(f.lineStatuses(Id), QStringLiteral("RSC"));
-
-        QVERIFY(Receiving::CompleteReceipt(f.vendorDb(), Id, QDate(2024, 6, 1)));
+        step = desk.receive(f.vendorDb(), Id, QStringLiteral("B2"), QStringLiteral("4"), 4);
+        QVERIFY(step.status);
+        QCOMPARE(step.next, DeskScreen::Idle);
         QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("RRRC"));
-        QCOMPARE(f.value("orderhead", "recvdate", "orderid", Id).toString(), QStringLiteral("2024-06-01"));
-        QCOMPARE(f.lineValue(Id, 2, QStringLiteral("recvqty")).toInt(), 4);
-        QCOMPARE(f.lineValue(Id, 3, QStringLiteral("recvqty")).toInt(), 0);
-        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("recvdate")).toString(), QStringLiteral("2024-05-02"));
-        QCOMPARE(f.lineValue(Id, 2, QStringLiteral("recvdate")).toString(), QStringLiteral("1980-07-04"));
+        QCOMPARE(f.value("orderhead", "recvdate", "orderid", Id).toString(), today());
+    }
+
+    // An order whose delivery had all come closes as soon as receiving starts; "receive all"
+    // books the rest, the lines' own dates and the cancelled line untouched; cancelling moves
+    // an order and its lines.
+    void closingAtOnceAndCancelling() {
+        test::OrderDataFixture f;
+        exportedOrder(f);
+        f.exec(QStringLiteral("UPDATE orderline SET recvqty = qty"));
+        OrderDesk desk;
+        const DeskStep started = desk.startReceiving(f.vendorDb(), Id);
+        QVERIFY(started.status);
+        QCOMPARE(started.next, DeskScreen::Idle);
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("R"));
+
+        const QString other = QStringLiteral("ABC1000001");
+        f.addOrder(other, QStringLiteral("S"));
+        f.addLine(other, 1, QStringLiteral("A1"), 5, Money::fromPence(200), QStringLiteral("S"), 2);
+        f.addLine(other, 2, QStringLiteral("C3"), 0, Money::fromPence(500), QStringLiteral("C"), 0);
+        const DeskStep all = OrderDesk::receiveAll(f.vendorDb(), other);
+        QCOMPARE(all.next, DeskScreen::Idle);
+        QCOMPARE(f.orderStatus(other) + f.lineStatuses(other), QStringLiteral("RRC"));
+        QCOMPARE(f.lineValue(other, 1, QStringLiteral("recvqty")).toInt(), 5);
+        QCOMPARE(f.lineValue(other, 2, QStringLiteral("recvqty")).toInt(), 0);
+        QCOMPARE(f.lineValue(other, 1, QStringLiteral("recvdate")).toString(), QStringLiteral("1980-07-04"));
+
+        const QString third = QStringLiteral("ABC1000002");
+        f.addOrder(third, QStringLiteral("P"), Money::fromPence(900));
+        f.addLine(third, 1, QStringLiteral("A1"), 3, Money::fromPence(300), QStringLiteral("P"));
+        const DeskStep cancelled = OrderDesk::cancel(f.vendorDb(), third);
+        QCOMPARE(cancelled.next, DeskScreen::Idle);
+        QCOMPARE(f.orderStatus(third) + f.lineStatuses(third), QStringLiteral("CC"));
+    }
+
+    // Codes as scanned: an item, a code a barcode rule strips, and the ways a code that finds
+    // nothing is dropped, refused or kept; a quantity then makes the line or adds to it.
+    void scanningAndEntering() {
+        test::OrderDataFixture f;
+        f.addItem(QStringLiteral("A1"), QStringLiteral("Widget"), Money::fromPence(150), 6);
+        f.exec(
+            QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) VALUES ('99', 2, 1, 'A')"));
+        f.addOrder(Id, QStringLiteral("L"));
+        OrderDesk desk;
+        QVERIFY(desk.loadRules(f.vendorDb()));
+        QVERIFY(desk.haveRules);
+        const QDate day(2026, 3, 1);
+        for (const QString& scanned : {QStringLiteral("A1"), QStringLiteral("99A1X")}) {
+            desk.currentItem.reset();
+            const ScanStep step = desk.scan(f.vendorDb(), scanned, false, day);
+            QCOMPARE(step.outcome, ScanOutcome::Item);
+            QCOMPARE(step.code, QStringLiteral("A1"));
+            QCOMPARE(desk.currentItem->descr, QStringLiteral("Widget"));
+        }
+        const struct {
+            QString scanned;
+            bool keepUnknown;
+            ScanOutcome outcome;
+        } unknown[] = {
+            {QStringLiteral("ZZ9"), false, ScanOutcome::NothingFound},
+            {QStringLiteral("ZZ9"), true, ScanOutcome::Unknown},
+            {QString(), true, ScanOutcome::Empty},
+            {QString(26, QLatin1Char('Z')), true, ScanOutcome::TooLong},
+            {QStringLiteral("Z-9"), true, ScanOutcome::BadCharacters},
+        };
+        for (const auto& u : unknown)
+            QCOMPARE(desk.scan(f.vendorDb(), u.scanned, u.keepUnknown, day).outcome, u.outcome);
+        const ScanStep dropped = desk.scan(f.vendorDb(), QStringLiteral("ZZ9"), false, day);
+        QVERIFY(dropped.alert);
+        QCOMPARE(dropped.note, QStringLiteral("No item has the code ZZ9"));
+
+        QVERIFY(desk.openLines(f.vendorDb(), Id));
+        OrderHeaderFields header{Id, QStringLiteral("Pat"), {}, {}, {}, {}};
+        desk.scan(f.vendorDb(), QStringLiteral("A1"), false, day);
+        auto change = desk.enterQuantity(3, Money::fromPence(150), 6, QStringLiteral("Widget"), header);
+        QVERIFY(change && change->has_value() && (*change)->appended);
+        QCOMPARE((*change)->total, Money::fromPence(450));
+        header.total = (*change)->total; // as the form shows it
+        change = desk.enterQuantity(3, Money::fromPence(150), 6, QStringLiteral("Widget"), header);
+        QCOMPARE((*change)->line.qty, 6);
+        QCOMPARE((*change)->total, Money::fromPence(900));
+        QCOMPARE(f.lineValue(Id, 1, QStringLiteral("qty")).toInt(), 6);
+        desk.currentItem.reset();
+        QVERIFY(!desk.enterQuantity(1, Money(), 1, QString(), header)->has_value());
     }
 };
 
