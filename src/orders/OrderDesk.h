@@ -108,9 +108,6 @@ public:
     // Everything outstanding is received at once and the order closes.
     static DeskStep receiveAll(const QSqlDatabase& db, const QString& orderId);
 
-    // Counts what the order had and has had; true when nothing is outstanding.
-    Result<bool> countReceipt(const QSqlDatabase& db, const QString& orderId);
-
     // The vendor's catalogue and barcode rules, open while orders are entered.
     void openItems(const QSqlDatabase& db);
     void closeItems();
@@ -145,6 +142,8 @@ public:
     bool editingLine = false;
 
 private:
+    // Counts what the order had and has had; true when nothing is outstanding.
+    Result<bool> countReceipt(const QSqlDatabase& db, const QString& orderId);
     // A receipt booked against a line; true when it was the last of the order.
     bool booked(int quantity);
 };

@@ -60,12 +60,11 @@ struct Cut {
 // end and repeat their headers.
 class Survey {
 public:
-    // Adds a document whose top lies at `top` in the whole body.
-    void add(QTextDocument& document, double top) {
+    // Walks one laid-out document, in its own coordinates.
+    void survey(QTextDocument& document) {
         m_document = &document;
         m_layout = document.documentLayout();
         m_deviceScale = m_layout->paintDevice() ? m_layout->paintDevice()->logicalDpiY() / 96.0 : 1.0;
-        m_top = top;
         frame(document.rootFrame());
     }
 
@@ -123,8 +122,7 @@ private:
         drawnBottom = std::max(drawnBottom, textBottom);
     }
 
-    // Where a block is in the whole body.
-    QRectF placed(const QTextBlock& block) const { return m_layout->blockBoundingRect(block).translated(0, m_top); }
+    QRectF placed(const QTextBlock& block) const { return m_layout->blockBoundingRect(block); }
 
     void frame(QTextFrame* frame) {
         for (auto it = frame->begin(); !it.atEnd(); ++it) {
@@ -245,7 +243,6 @@ private:
     QTextDocument* m_document = nullptr;
     QAbstractTextDocumentLayout* m_layout = nullptr;
     double m_deviceScale = 1;
-    double m_top = 0;
 };
 
 // The places between spans where a page may end, top to bottom. Header bands are trimmed so
@@ -320,7 +317,7 @@ struct PageSurvey::Data {
 
 PageSurvey::PageSurvey(QTextDocument& document) : d(std::make_unique<Data>()) {
     Survey& survey = d->survey;
-    survey.add(document, 0);
+    survey.survey(document);
     std::stable_sort(survey.drawn.begin(), survey.drawn.end(),
                      [](const DrawnBlock& a, const DrawnBlock& b) { return a.top < b.top; });
     for (const DrawnBlock& b : survey.drawn)
