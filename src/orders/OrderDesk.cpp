@@ -2,6 +2,8 @@
 
 #include "common/TextChecks.h"
 #include "orders/OrderCancellation.h"
+#include "orders/OrderPrinting.h"
+#include "orders/OrderRepository.h"
 #include "orders/OrderTransitions.h"
 
 namespace ordwell {
@@ -62,6 +64,33 @@ Result<bool> OrderDesk::countReceipt(const QSqlDatabase& db, const QString& orde
     orderedTotal = totals->ordered;
     receivedTotal = totals->received;
     return totals->complete();
+}
+
+DeskStep OrderDesk::startNew(const QSqlDatabase& db, const QString& orderId, const QDate& date) {
+    if (const Status stored = OrderRepository(db).insertNewOrder(orderId, date); !stored)
+        return DeskStep::failure(QStringLiteral("The new order %1 could not be stored.").arg(orderId), stored);
+    if (const auto opened = openLines(db, orderId); !opened)
+        return DeskStep::failure(QStringLiteral("The order's lines could not be read."), opened.status());
+    return DeskStep::to(DeskScreen::NewHeader);
+}
+
+DeskStep OrderDesk::printed(const QSqlDatabase& db, const QString& orderId) {
+    if (const Status marked = OrderPrinting::MarkPrinted(db, orderId); !marked)
+        return DeskStep::failure(QStringLiteral("The order %1 was not printed.").arg(orderId), marked);
+    return DeskStep::to(DeskScreen::ShownForAction);
+}
+
+ExportStep OrderDesk::exportToDesktop(const QSqlDatabase& systemDb, const QSqlDatabase& db, const QString& vendorName,
+                                      const QString& desktopDir, const QString& orderId) {
+    const OrderExport::ExportResult result = OrderExport::ExportOrder(systemDb, db, vendorName, desktopDir, orderId);
+    ExportStep step;
+    step.next = DeskScreen::ShownForAction;
+    step.outcome = result.outcome;
+    if (result.outcome == OrderExport::Outcome::Failed) {
+        step.status = Status::fail(result.message);
+        step.failed = result.message;
+    }
+    return step;
 }
 
 DeskStep OrderDesk::cancel(const QSqlDatabase& db, const QString& orderId) {

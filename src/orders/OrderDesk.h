@@ -3,6 +3,7 @@
 #include "common/Money.h"
 #include "orders/BarcodeResolver.h"
 #include "orders/ItemCatalogue.h"
+#include "orders/OrderExport.h"
 #include "orders/OrderLineBook.h"
 #include "orders/OrderList.h"
 #include "orders/OrderWords.h"
@@ -76,6 +77,11 @@ struct ScanStep {
     std::optional<int> quantity; // one the label carried
 };
 
+// An export to the desktop: the step, and whether a file of that name stood in the way.
+struct ExportStep : DeskStep {
+    OrderExport::Outcome outcome = OrderExport::Outcome::Failed;
+};
+
 // What the order form works with between one user action and the next, apart from its
 // controls: the list of orders being browsed, and the count of the delivery being received;
 // and the steps an order goes through, each saying which screen follows.
@@ -95,6 +101,14 @@ public:
     // it and its lines together; an order in any other state is left as it is.
     static Status finish(const QSqlDatabase& db, const QString& orderId, Money shownTotal, const QDate& today);
 
+    // A new order with the number given: stored live with the date and no lines, its lines
+    // open for entry; its header is typed next.
+    DeskStep startNew(const QSqlDatabase& db, const QString& orderId, const QDate& date);
+    // The order came out on the vendor's order form: marked printed, shown for its next step.
+    static DeskStep printed(const QSqlDatabase& db, const QString& orderId);
+    // The order written to the desktop as the vendor's file and marked exported; it stays shown.
+    static ExportStep exportToDesktop(const QSqlDatabase& systemDb, const QSqlDatabase& db, const QString& vendorName,
+                                      const QString& desktopDir, const QString& orderId);
     // Cancels the order with its lines, in one step; the form goes idle.
     static DeskStep cancel(const QSqlDatabase& db, const QString& orderId);
 

@@ -16,19 +16,19 @@ void OrderForm::ExportOrder() {
     AppContext& context = appContext();
     ui.lblinfo->setText(QStringLiteral("Exporting Order"));
     const QString number = ui.txtheader[Header::OrderNumber]->text();
-    OrderExport::ExportResult result;
+    ExportStep step;
     {
         WaitCursor wait;
-        result = OrderExport::ExportOrder(context.systemDb(), vendorDb(), context.vendorSession().name(),
+        step = OrderDesk::exportToDesktop(context.systemDb(), vendorDb(), context.vendorSession().name(),
                                           context.DesktopPath, number);
     }
-    switch (result.outcome) {
+    switch (step.outcome) {
     case OrderExport::Outcome::FileExists:
         context.prompter().message(OrderExport::ExistsText, OrderExport::ExistsTitle, MessageIcon::Exclamation);
         ui.lblinfo->setText(QStringLiteral("Order export failed"));
         return;
     case OrderExport::Outcome::Failed:
-        context.prompter().message(result.message, QString(), MessageIcon::Critical);
+        context.prompter().message(step.failed, QString(), MessageIcon::Critical);
         ui.lblinfo->setText(QStringLiteral("Order export failed"));
         return;
     case OrderExport::Outcome::Exported:

@@ -47,12 +47,9 @@ void OrderForm::SaveOrderHeader(const QString& kind) {
     if (kind == QLatin1String("NEW")) {
         const QString number = m_ui.txtheader[Header::OrderNumber]->text();
         const QDate date = Dates::parseShortDate(m_ui.txtheader[Header::OrderDate]->text());
-        const Status done = orders().insertNewOrder(number, date.isValid() ? date : QDate::currentDate());
-        if (!done) {
-            reportFailure(QStringLiteral("The new order %1 could not be stored.").arg(number), done.message());
-            return;
-        }
-        OpenOrderLines();
+        const DeskStep step = m_desk.startNew(vendorDb(), number, date.isValid() ? date : QDate::currentDate());
+        if (!step.status)
+            reportFailure(step.failed, step.status.message());
     } else if (kind == QLatin1String("UPDATE")) {
         const Status done = orders().updateHeader(shownHeader());
         if (!done)

@@ -23,7 +23,7 @@ Status OrderForm::showAndMark(const QString& number) {
         return parameters.status();
     if (Status shown = showOrderFormReport(context, file.value(), parameters.value()); !shown)
         return shown;
-    return OrderPrinting::MarkPrinted(vendorDb(), number);
+    return OrderDesk::printed(vendorDb(), number).status;
 }
 
 void OrderForm::PrintOrder() {

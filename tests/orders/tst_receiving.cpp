@@ -5,6 +5,8 @@
 #include "orders/OrderDesk.h"
 #include "orders/Receiving.h"
 
+#include <QDir>
+#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -169,6 +171,31 @@ private slots:
         const DeskStep cancelled = OrderDesk::cancel(f.vendorDb(), third);
         QCOMPARE(cancelled.next, DeskScreen::Idle);
         QCOMPARE(f.orderStatus(third) + f.lineStatuses(third), QStringLiteral("CC"));
+    }
+
+    // A new order is stored live with its lines open and its header next; printed, it is
+    // shown for its next step; exported, the file is on the desktop, and a second time the
+    // file stands in the way and nothing changes.
+    void startPrintAndExport() {
+        test::OrderDataFixture f;
+        OrderDesk desk;
+        const DeskStep started = desk.startNew(f.vendorDb(), Id, QDate(2026, 3, 1));
+        QCOMPARE(started.next, DeskScreen::NewHeader);
+        QVERIFY(desk.linesOpen);
+        QCOMPARE(f.orderStatus(Id), QStringLiteral("L"));
+        QVERIFY(!desk.startNew(f.vendorDb(), Id, QDate(2026, 3, 1)).status); // the number is taken
+        f.addLine(Id, 1, QStringLiteral("A1"), 2, Money::fromPence(150), QStringLiteral("E"));
+        f.exec(QStringLiteral("UPDATE orderhead SET status = 'E'"));
+        QCOMPARE(OrderDesk::printed(f.vendorDb(), Id).next, DeskScreen::ShownForAction);
+        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("PP"));
+        const auto exported = [&] {
+            return OrderDesk::exportToDesktop(f.systemDb(), f.vendorDb(), QStringLiteral("Acme Supplies"),
+                                              f.desktopDir(), Id);
+        };
+        QCOMPARE(exported().outcome, OrderExport::Outcome::Exported);
+        QCOMPARE(f.orderStatus(Id) + f.lineStatuses(Id), QStringLiteral("XX"));
+        QVERIFY(QFile::exists(QDir(f.desktopDir()).filePath(OrderExport::FileName(Id))));
+        QCOMPARE(exported().outcome, OrderExport::Outcome::FileExists);
     }
 
     // Codes as scanned: an item, a code a barcode rule strips, and the ways a code that finds
