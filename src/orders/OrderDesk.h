@@ -141,6 +141,8 @@ public:
     Result<std::optional<LineChange>> enterQuantity(qint64 qty, Money price, int pack, const QString& descr,
                                                     const OrderHeaderFields& header);
 
+    // What the form was opened to do.
+    DeskMode mode = DeskMode::None;
     std::unique_ptr<OrderList> list;
     int orderedTotal = 0;
     int receivedTotal = 0;

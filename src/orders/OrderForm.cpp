@@ -131,7 +131,7 @@ bool OrderForm::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void OrderForm::DispatchMode() {
-    switch (Mode) {
+    switch (m_desk.mode) {
     case DeskMode::New:
         BeginNewOrder();
         break;
@@ -160,22 +160,22 @@ void OrderForm::cmdbutton_Click(int index) {
     case MainButton::NewOrder:
         FinishShownOrder();
         ResetToIdle();
-        Mode = DeskMode::New;
+        m_desk.mode = DeskMode::New;
         break;
     case MainButton::LoadOrder:
         FinishShownOrder();
         ResetToIdle();
-        Mode = DeskMode::Load;
+        m_desk.mode = DeskMode::Load;
         break;
     // The shown order stays, so the mode can offer it directly.
     case MainButton::PrintOrder:
-        Mode = DeskMode::Print;
+        m_desk.mode = DeskMode::Print;
         break;
     case MainButton::ExportOrder:
-        Mode = DeskMode::Export;
+        m_desk.mode = DeskMode::Export;
         break;
     case MainButton::ReceiveOrder:
-        Mode = DeskMode::Receive;
+        m_desk.mode = DeskMode::Receive;
         break;
     case MainButton::Exit:
         ExitOrderForm();
@@ -330,7 +330,7 @@ void OrderForm::ExitOrderForm() {
         CloseItems();
     if (m_desk.linesOpen)
         CloseOrderLines();
-    Mode = DeskMode::None;
+    m_desk.mode = DeskMode::None;
     m_desk.rulesLoaded = false;
     ActivatedOnce = false;
     // Uncounts the window, restores the vendor's menus and unloads the form.

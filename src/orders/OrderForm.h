@@ -27,7 +27,7 @@ public:
     ~OrderForm() override;
 
     // The form's one public operation: the mode the next (first) activation carries out.
-    void SetOrderMode(const QString& mode) { Mode = deskModeFromWord(mode); }
+    void SetOrderMode(const QString& mode) { m_desk.mode = deskModeFromWord(mode); }
 
     OrderFormControls& ui() { return m_ui; }
     AppContext& appContext() const { return context(); }
@@ -112,7 +112,6 @@ public:
     void FindItemByDescription();
 
     // The form's state.
-    DeskMode Mode = DeskMode::None;
     bool ActivatedOnce = false;
 
     // Tells the user a step failed; the data stays as last saved.

@@ -16,7 +16,7 @@ void OrderForm::cmdcancelord_Click() {
     OrderFormControls& ui = m_ui;
     if (!appContext().prompter().ask(OrderCancellation::Question, OrderCancellation::Title, MessageIcon::None)) {
         // Back to where entry goes on.
-        if (Mode == DeskMode::New || Mode == DeskMode::Load) {
+        if (m_desk.mode == DeskMode::New || m_desk.mode == DeskMode::Load) {
             if (ui.cmdstartorder->isEnabled())
                 focusOn(ui.txtheader[Header::ContactName]);
             else

@@ -132,7 +132,7 @@ void OrderForm::LoadOrderLines() {
         reportFailure(QStringLiteral("The order's lines could not be read."), lines.message());
         return;
     }
-    const bool receiving = Mode == DeskMode::Receive;
+    const bool receiving = m_desk.mode == DeskMode::Receive;
     m_ui.flxitems->setUpdatesEnabled(false);
     for (const OrderLine& line : lines.value()) {
         const int shown = receiving ? line.qty - line.recvQty : line.qty;

@@ -64,7 +64,7 @@ void OrderForm::CloseOrderList() {
 bool OrderForm::listIsEmpty() {
     if (!m_desk.list->isEmpty())
         return false;
-    appContext().prompter().message(OrderNavigation::noOrdersText(wordOf(Mode)), OrderNavigation::NoOrdersTitle,
+    appContext().prompter().message(OrderNavigation::noOrdersText(wordOf(m_desk.mode)), OrderNavigation::NoOrdersTitle,
                                     MessageIcon::Information);
     ResetToIdle();
     CloseOrderList();
@@ -77,16 +77,16 @@ void OrderForm::showList() {
     UpdateNavigation();
     ClearLineGrid();
     LoadOrderLines();
-    m_ui.lblinfo->setText(OrderNavigation::browsingGuidance(wordOf(Mode)));
+    m_ui.lblinfo->setText(OrderNavigation::browsingGuidance(wordOf(m_desk.mode)));
     focusOn(m_ui.cmdnavbutton[2]);
 }
 
 void OrderForm::carryOut() {
-    if (Mode == DeskMode::Print)
+    if (m_desk.mode == DeskMode::Print)
         PrintOrder();
-    else if (Mode == DeskMode::Export)
+    else if (m_desk.mode == DeskMode::Export)
         ExportOrder();
-    else if (Mode == DeskMode::Receive)
+    else if (m_desk.mode == DeskMode::Receive)
         StartReceiving();
 }
 
@@ -95,15 +95,15 @@ void OrderForm::beginChoosing() {
     if (!m_desk.itemsOpen())
         OpenItems();
     if (!headerBox(Header::OrderNumber)->text().isEmpty() &&
-        OrderNavigation::acceptedStatuses(wordOf(Mode)).contains(ReadOrderStatus())) {
-        const auto question = OrderNavigation::directQuestion(wordOf(Mode));
+        OrderNavigation::acceptedStatuses(wordOf(m_desk.mode)).contains(ReadOrderStatus())) {
+        const auto question = OrderNavigation::directQuestion(wordOf(m_desk.mode));
         if (question && appContext().prompter().ask(question->text, question->title, MessageIcon::None))
             carryOut();
         return;
     }
     FinishShownOrder();
     ResetToIdle();
-    if (!OpenOrderList(*OrderNavigation::keyForMode(wordOf(Mode))) || listIsEmpty())
+    if (!OpenOrderList(*OrderNavigation::keyForMode(wordOf(m_desk.mode))) || listIsEmpty())
         return;
     showList();
 }
@@ -143,7 +143,7 @@ void OrderForm::chooseShownOrder() {
         ResetToIdle();
         return;
     }
-    if (Mode == DeskMode::Load || Mode == DeskMode::Live) {
+    if (m_desk.mode == DeskMode::Load || m_desk.mode == DeskMode::Live) {
         if (status == OrderStatus::Live || status == OrderStatus::Entered) {
             takeUp();
         } else if (status == OrderStatus::Printed || status == OrderStatus::Exported) {
@@ -151,7 +151,7 @@ void OrderForm::chooseShownOrder() {
         } else if (status == OrderStatus::PartReceived) {
             // From here the form receives, as in the receive mode: the grid shows what is still
             // to come, so a line received in full cannot be chosen and too many is refused.
-            Mode = DeskMode::Receive;
+            m_desk.mode = DeskMode::Receive;
             m_ui.lblinfo->setText(QStringLiteral("Receiving this order"));
             headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
             StartReceiving();
