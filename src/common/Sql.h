@@ -69,8 +69,6 @@ public:
     Status exec(std::initializer_list<QVariant> values = {});
     Status exec(const QVariantList& values);
     QSqlQuery& query() { return m_query; }
-    // Why the last run failed (None when it worked).
-    Refusal refusal() const { return classify(m_error); }
     const QSqlError& error() const { return m_error; }
 
 private:
