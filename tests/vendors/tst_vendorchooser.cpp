@@ -68,8 +68,9 @@ public:
     QString panel() { return window->findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text(); }
     QString menus() { return menuState(*window); }
 
+    // Through the keyboard, as File > Switch Vendor's shortcut.
     VendorChooserForm* openChooser() {
-        window->triggerMenu(QStringLiteral("mnuswven"));
+        QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier);
         form = window->findChild<VendorChooserForm*>(QStringLiteral("frmswvend"));
         return form;
     }
@@ -82,9 +83,9 @@ public:
             out << list()->itemText(i);
         return out;
     }
-    // Opens the chooser, picks `entry` (nothing when empty) and presses the button.
+    // Opens the chooser unless it is open, picks `entry` (nothing when empty) and presses the button.
     void choose(const QString& entry, int buttonIndex = VendorChooserForm::Select) {
-        QVERIFY(openChooser());
+        QVERIFY(form || openChooser());
         QTRY_VERIFY(list()->count() > 0);
         list()->setCurrentIndex(entry.isEmpty() ? -1 : list()->findText(entry));
         QCOMPARE(list()->currentText(), entry);
@@ -105,21 +106,15 @@ class TestVendorChooser : public test::StrictTest {
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
-    void listsActiveVendorsWithNoneChosen() {
-        Desk d;
-        QVERIFY(d.openChooser());
-        QCOMPARE(d.form->windowTitle(), QStringLiteral("Please Select a Vendor"));
-        QTRY_COMPARE(d.entries(), (QStringList{Acme, Xyz}));
-        QCOMPARE(d.list()->currentText(), QString());
-        QCOMPARE(d.info(), QStringLiteral("Please select a vendor to use"));
-        QCOMPARE(d.menus(), MenuMasks::SystemWindow.left(18));
-        QCOMPARE(d.ctx().OpenWindowCount, 1);
-    }
-
     void opensSwitchesAndClosesVendors() {
         Desk d;
         QSignalSpy opened(&d.ctx().vendorSession(), &VendorSession::vendorOpened);
         QSignalSpy closed(&d.ctx().vendorSession(), &VendorSession::vendorClosed);
+        QVERIFY(d.openChooser());
+        QTRY_COMPARE(d.entries(), (QStringList{Acme, Xyz}));
+        QCOMPARE(d.list()->currentText(), QString());
+        QCOMPARE(d.info(), QStringLiteral("Please select a vendor to use"));
+        QCOMPARE(d.menus(), MenuMasks::SystemWindow.left(18));
 
         d.choose(Acme);
         QCOMPARE(d.ctx().CurrentVendorCode, QStringLiteral("ABC"));
@@ -133,8 +128,6 @@ private slots:
         QTRY_COMPARE(d.entries(), (QStringList{"Close Vendor - Acme Ltd", Xyz}));
         QCOMPARE(d.info(), QStringLiteral("Please select a vendor to switch to, or close the current vendor"));
         QCOMPARE(d.list()->currentText(), QString());
-        QTest::mouseClick(d.button(1), Qt::LeftButton);
-        QTRY_VERIFY(d.form.isNull());
 
         // A name with an apostrophe and an ampersand survives the round trip through the list.
         d.choose(Xyz);

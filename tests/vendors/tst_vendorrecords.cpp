@@ -1,6 +1,5 @@
 #include "common/FormHelpers.h"
 #include "common/Sql.h"
-#include "shell/MainWindow.h"
 #include "store/DatabaseFile.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
@@ -8,7 +7,6 @@
 #include "vendors/VendorRecordsForm.h"
 #include "vendors/VendorRepository.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -153,6 +151,9 @@ private slots:
             f.button(press)->click();
             QCOMPARE(f.code()->text() + QLatin1Char(' ') + f.shown(), QString::fromLatin1(expected));
         }
+        f.button(Form::Exit)->click();
+        QTRY_VERIFY(!f.isOpen());
+        QCOMPARE(f.ctx().OpenWindowCount, 0);
     }
 
     void shortcodeChecks_data() {
@@ -340,41 +341,36 @@ private slots:
     // its details as an update writes the row, as a new vendor's would be.
     void updateWithNoDetailsRowInsertsIt() {
         test::TestContext tc;
-        AppContext& ctx = tc.context();
-        QVERIFY(VendorRecords::CreateVendorEntry(ctx.systemDb(), ctx.dataDir(), QStringLiteral("Half Done"),
-                                                 QStringLiteral("HLF")));
-        QCOMPARE(stored(ctx.dataDir(), "HLF", {"count(*)"}), QStringList{"0"});
+        const QString dir = tc.context().dataDir(), hlf = QStringLiteral("HLF");
+        QVERIFY(VendorRecords::CreateVendorEntry(tc.context().systemDb(), dir, QStringLiteral("Half Done"), hlf));
+        QCOMPARE(stored(dir, "HLF", {"count(*)"}), QStringList{"0"});
         VendorDetails d = sampleDetails();
         d.nextOrder.reset();
-        const auto saved = VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("HLF"), d, SaveMode::Update);
+        const auto saved = VendorRecords::SaveVendorDetails(dir, hlf, d, SaveMode::Update);
         QVERIFY2(saved, qPrintable(saved.message()));
-        QCOMPARE(stored(ctx.dataDir(), "HLF", {"count(*)", "vendorid", "customerid", "nextord", "ordform"}),
-                 (QStringList{"1", "HLF", "CUST1", QString::number(VendorRecords::FirstOrderNumber), "ordform.rpt"}));
+        const QString firstOrder = QString::number(VendorRecords::FirstOrderNumber);
+        QCOMPARE(stored(dir, "HLF", {"count(*)", "vendorid", "customerid", "nextord", "ordform"}),
+                 (QStringList{"1", "HLF", "CUST1", firstOrder, "ordform.rpt"}));
 
         // Saved again as an update, the one row is rewritten, not joined by another.
         d[F::County] = QStringLiteral("Essex");
-        QVERIFY(VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("HLF"), d, SaveMode::Update));
-        QCOMPARE(stored(ctx.dataDir(), "HLF", {"count(*)", "county"}), (QStringList{"1", "Essex"}));
-        QCOMPARE(VendorRecords::LoadVendorDetails(ctx.dataDir(), QStringLiteral("HLF")).details[F::County],
-                 QStringLiteral("Essex"));
+        QVERIFY(VendorRecords::SaveVendorDetails(dir, hlf, d, SaveMode::Update));
+        QCOMPARE(stored(dir, "HLF", {"count(*)", "county"}), (QStringList{"1", "Essex"}));
 
         // Two places save over the same details: the later one is refused, the first kept, and
         // the order counter that moved meanwhile is never written back.
-        const VendorDetails shown = VendorRecords::LoadVendorDetails(ctx.dataDir(), QStringLiteral("HLF")).details;
-        VendorDetails first = shown;
+        const VendorDetails shown = VendorRecords::LoadVendorDetails(dir, hlf).details;
+        VendorDetails first = shown, second = shown;
         first[F::County] = QStringLiteral("Kent");
         first.nextOrder = 1;
-        QVERIFY(
-            VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("HLF"), first, SaveMode::Update, &shown));
-        VendorDetails second = shown;
+        QVERIFY(VendorRecords::SaveVendorDetails(dir, hlf, first, SaveMode::Update, &shown));
         second[F::County] = QStringLiteral("Surrey");
         bool changedElsewhere = false;
-        const auto refused = VendorRecords::SaveVendorDetails(ctx.dataDir(), QStringLiteral("HLF"), second,
-                                                              SaveMode::Update, &shown, &changedElsewhere);
+        const auto refused =
+            VendorRecords::SaveVendorDetails(dir, hlf, second, SaveMode::Update, &shown, &changedElsewhere);
         QVERIFY(changedElsewhere);
-        QVERIFY(refused.message().endsWith(VendorRecords::ChangedElsewhereText.arg(QStringLiteral("HLF"))));
-        QCOMPARE(stored(ctx.dataDir(), "HLF", {"county", "nextord"}),
-                 (QStringList{"Kent", QString::number(VendorRecords::FirstOrderNumber)}));
+        QVERIFY(refused.message().endsWith(VendorRecords::ChangedElsewhereText.arg(hlf)));
+        QCOMPARE(stored(dir, "HLF", {"county", "nextord"}), (QStringList{"Kent", firstOrder}));
     }
 
     void failedOrCancelledAddLeavesNoVendorBehind() {
@@ -497,21 +493,6 @@ private slots:
         DatabaseFile::close(QStringLiteral("Raw"));
         QVERIFY(load("EMP").details.isEmpty() && load("EMP").problem.isEmpty());
         QVERIFY(!DatabaseFile::isOpen(VendorRecords::ConnectionName)); // no connection is left open
-    }
-
-    void menuOpensTheWindowAndExitClosesIt() {
-        test::TestContext tc;
-        test::storeOrganisationDetails(tc.context());
-        auto main = test::openMainWindow(tc.context());
-        main->triggerMenu(QStringLiteral("mnuedvend"));
-        QPointer<Form> form = main->findChild<Form*>(QStringLiteral("frmaddeditvnd"));
-        QVERIFY(form);
-        QCOMPARE(form->windowTitle(), QStringLiteral("Add / Edit Vendors"));
-        QCOMPARE(tc.context().OpenWindowCount, 1);
-        test::child<QPushButton>(form, QStringLiteral("cmdbutton_8"))->click();
-        QTRY_VERIFY(!form);
-        QCOMPARE(tc.context().OpenWindowCount, 0);
-        QVERIFY(main->menuEntry(QStringLiteral("mnuedvend"))->isEnabled());
     }
 };
 
