@@ -13,11 +13,7 @@
 #include "support/DatabaseDump.h"
 
 #include <QAction>
-#include <QCryptographicHash>
 #include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLockFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -76,13 +72,6 @@ QMap<QString, QStringList> snapshot(const QString& dataDir) {
 QStringList leftovers(const QString& folder) {
     return QDir(folder).entryList({QStringLiteral(".*restor*"), QStringLiteral(".ordwell-backup-*")},
                                   QDir::AllEntries | QDir::Hidden);
-}
-
-QJsonObject manifestOf(const QString& archive) {
-    QProcess tar;
-    tar.start(QStringLiteral("tar"), {QStringLiteral("-xzOf"), archive, Backup::ManifestName});
-    tar.waitForFinished();
-    return QJsonDocument::fromJson(tar.readAllStandardOutput()).object();
 }
 
 void addOrderWithLines(const QSqlDatabase& db, const QString& orderId, int lines) {
@@ -155,22 +144,13 @@ private slots:
         QVERIFY(leftovers(QFileInfo(d.dataDir()).absolutePath()).isEmpty());
         QCOMPARE(QFileInfo(d.dataDir()).permissions() & 0x0077, QFile::Permissions());
 
-        // The manifest, which the restore reads back itself, describes the files as they came back.
-        const QJsonArray files = manifestOf(archive).value(QStringLiteral("files")).toArray();
-        QCOMPARE(files.size(), 5); // the three databases, the order form and the agreement
-        for (const QJsonValue& value : files) {
-            const QJsonObject file = value.toObject();
-            const QByteArray bytes =
-                test::fileContents(d.ctx().dataFile(file.value(QStringLiteral("name")).toString()));
-            QCOMPARE(file.value(QStringLiteral("sha256")).toString().toLatin1(),
-                     QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
-            QCOMPARE(qint64(file.value(QStringLiteral("size")).toDouble()), bytes.size());
-        }
-
+        // Into a new folder comes what was backed up and nothing else (no lock, no manifest).
         QTemporaryDir elsewhere;
         const QString fresh = elsewhere.filePath(QStringLiteral("new computer/Ordwell"));
         QVERIFY(Backup::restoreBackup(archive, fresh));
         QCOMPARE(snapshot(fresh), atBackup);
+        QCOMPARE(QDir(fresh).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 (QStringList{"ABCvendor.mdb", "EULA.txt", "ordform.rpt", "Ordwell.mdb", "XYZvendor.mdb"}));
     }
 
     // The archive holds each database as one moment of it: an order another connection has not
@@ -342,7 +322,6 @@ private slots:
 
         Finished run = runProgram(data + QStringList{QStringLiteral("--backup"), archive});
         QCOMPARE(run.code, 0);
-        QVERIFY(Backup::checkBackup(archive));
         d.addOrder(QStringLiteral("ABC1000005"), QStringLiteral("L"));
         d.closeAll();
         run = runProgram(data + QStringList{QStringLiteral("--restore"), archive});
