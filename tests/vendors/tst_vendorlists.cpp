@@ -1,3 +1,5 @@
+// The two windows that offer the active vendors in a list: the chooser (File > Switch Vendor) and
+// deactivation (Vendors > Deactivate Vendor).
 #include "app/MenuMasks.h"
 #include "app/VendorSession.h"
 #include "common/Dates.h"
@@ -5,13 +7,16 @@
 #include "shell/MainWindow.h"
 #include "store/Store.h"
 #include "support/TestSupport.h"
+#include "vendors/DeactivateVendorForm.h"
 #include "vendors/VendorChooserForm.h"
 #include "vendors/VendorRepository.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -26,6 +31,7 @@ namespace {
 const QString Acme = QStringLiteral("ABC - Acme Ltd");
 const QString Xyz = QStringLiteral("XYZ - Xylo & Zeal's");
 const QString NoVendor = QStringLiteral("No Vendor Selected");
+const QString NoneLeft = QStringLiteral("There are no active vendors to deactivate");
 
 // The enable state of the 18 masked menu entries, as a mask text.
 QString menuState(MainWindow& window) {
@@ -69,10 +75,13 @@ public:
     QString menus() { return menuState(*window); }
 
     // Through the keyboard, as File > Switch Vendor's shortcut.
-    VendorChooserForm* openChooser() {
+    QWidget* openChooser() {
         QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier);
-        form = window->findChild<VendorChooserForm*>(QStringLiteral("frmswvend"));
-        return form;
+        return form = window->findChild<VendorChooserForm*>(QStringLiteral("frmswvend"));
+    }
+    QWidget* openDeactivation() {
+        window->triggerMenu(QStringLiteral("mnudevend"));
+        return form = window->findChild<DeactivateVendorForm*>(QStringLiteral("frmdeactvend"));
     }
     QComboBox* list() { return test::child<QComboBox>(form, QStringLiteral("cmbvendors")); }
     QString info() { return test::child<QLabel>(form, QStringLiteral("lblinfo"))->text(); }
@@ -94,14 +103,39 @@ public:
         QCOMPARE(ctx().OpenWindowCount, 0);
     }
 
+    // Deactivation: every vendor's status letter, in code order (a deactivated vendor keeps its
+    // row); the confirmation box; choosing an entry, typing the confirmation and pressing
+    // De-activate.
+    QString statuses() {
+        return Sql::scalar(
+                   ctx().systemDb(),
+                   QStringLiteral("SELECT group_concat(status, '') FROM (SELECT status FROM vendors ORDER BY code)"))
+            ->toString();
+    }
+    QLineEdit* confirmation() { return test::child<QLineEdit>(form, QStringLiteral("txtdeactvend")); }
+    void request(const QString& entry, const QString& typed) {
+        prompter().clear();
+        list()->setCurrentIndex(list()->findText(entry));
+        confirmation()->clear();
+        QTest::keyClicks(confirmation(), typed);
+        QTest::mouseClick(button(0), Qt::LeftButton);
+    }
+    // The window is gone and the main menu is back as it is with no vendor open.
+    void expectClosed() {
+        QTRY_VERIFY(form.isNull());
+        QCOMPARE(ctx().OpenWindowCount, 0);
+        QVERIFY(window->mdiArea()->subWindowList().isEmpty());
+        QCOMPARE(menus(), MenuMasks::NoVendor.left(18));
+    }
+
     test::TestContext tc;
     std::unique_ptr<MainWindow> window;
-    QPointer<VendorChooserForm> form;
+    QPointer<QWidget> form;
 };
 
 } // namespace
 
-class TestVendorChooser : public test::StrictTest {
+class TestVendorLists : public test::StrictTest {
     Q_OBJECT
 private slots:
     void initTestCase() { test::initTestEnvironment(); }
@@ -169,17 +203,19 @@ private slots:
         QVERIFY(d.prompter().messages.isEmpty());
     }
 
-    // With no active vendor the chooser says so and goes; with the only one open, just the close
-    // entry is left.
+    // With no active vendor either window says so and does not stay; with the only one open, just
+    // the chooser's close entry is left.
     void noActiveVendorOrJustTheOpenOne() {
         Desk d(false);
         QVERIFY(d.openChooser());
         QTRY_VERIFY(d.form.isNull());
-        QCOMPARE(d.prompter().texts(), QStringList{"There are no active vendors to select"});
-        QCOMPARE(d.prompter().messages.first().title, QStringLiteral("No Active Vendors"));
-        QCOMPARE(d.prompter().messages.first().icon, MessageIcon::Exclamation);
-        QCOMPARE(d.ctx().OpenWindowCount, 0);
-        QCOMPARE(d.menus(), MenuMasks::NoVendor.left(18));
+        QVERIFY(d.openDeactivation());
+        d.expectClosed();
+        QCOMPARE(d.prompter().texts(), (QStringList{"There are no active vendors to select", NoneLeft}));
+        for (const test::ShownMessage& shown : d.prompter().messages) {
+            QCOMPARE(shown.title, QStringLiteral("No Active Vendors"));
+            QCOMPARE(shown.icon, MessageIcon::Exclamation);
+        }
 
         d.prompter().clear();
         d.addVendor(QStringLiteral("Acme Ltd"), QStringLiteral("ABC"));
@@ -272,7 +308,82 @@ private slots:
         QCOMPARE(d.panel(), NoVendor);
         QCOMPARE(d.menus(), MenuMasks::NoVendor.left(18));
     }
+
+    void deactivationRefusesAnythingButTheExactWord() {
+        Desk d;
+        QVERIFY(d.openDeactivation());
+        QCOMPARE(test::child<QLabel>(d.form, "lblinstr")->text(), "Type in KILLVENDOR to deactivate the vendor");
+        QVERIFY(!d.list()->isEditable());
+        QCOMPARE(d.entries(), (QStringList{Acme, Xyz}));
+        QCOMPARE(d.list()->currentText(), QString());
+        // While it is open only About may be used.
+        QCOMPARE(d.ctx().OpenWindowCount, 1);
+        QCOMPARE(d.menus(), MenuMasks::SystemWindow.left(18));
+
+        // No vendor chosen is told first; then anything but the exact word, which is wiped.
+        QString entry;
+        for (const char* typed : {"KILLVENDOR", "killvendor", " KILLVENDOR", "KILLVENDOR ", "KILL VENDOR"}) {
+            d.request(entry, QString::fromLatin1(typed));
+            QCOMPARE(d.prompter().texts(),
+                     QStringList{entry.isEmpty() ? "Please select a vendor to deactivate"
+                                                 : "To deactivate this vendor please type in 'KILLVENDOR'"});
+            QCOMPARE(d.prompter().messages.last().title, QStringLiteral("Deactivation Error"));
+            QCOMPARE(d.prompter().messages.last().icon, MessageIcon::Exclamation);
+            QCOMPARE(d.confirmation()->text(), QString());
+            entry = Xyz;
+        }
+        QTRY_COMPARE(QApplication::focusWidget(), d.confirmation());
+        QCOMPARE(d.statuses(), QStringLiteral("ADA"));
+    }
+
+    void deactivatesUntilNoneRemainThenCloses() {
+        Desk d;
+        const QString xyzFile = Store::vendorDatabasePath(d.ctx().dataDir(), QStringLiteral("XYZ"));
+        const QByteArray xyzBefore = test::fileContents(xyzFile);
+        QVERIFY(!xyzBefore.isEmpty());
+        QVERIFY(d.openDeactivation());
+
+        d.request(Xyz, QStringLiteral("KILLVENDOR"));
+        QVERIFY(d.prompter().messages.isEmpty());
+        QCOMPARE(d.statuses(), QStringLiteral("ADD"));
+        QCOMPARE(d.entries(), QStringList{Acme});
+        QCOMPARE(d.list()->currentIndex(), -1);
+        QCOMPARE(d.confirmation()->text(), QString());
+        // Kept, not deleted: the vendor's own file stays as it was.
+        QCOMPARE(test::fileContents(xyzFile), xyzBefore);
+
+        d.request(Acme, QStringLiteral("KILLVENDOR"));
+        QCOMPARE(d.prompter().texts(), QStringList{NoneLeft});
+        QCOMPARE(d.prompter().messages.last().title, QStringLiteral("No Active Vendors"));
+        QCOMPARE(d.prompter().messages.last().icon, MessageIcon::Exclamation);
+        d.expectClosed();
+        QCOMPARE(d.statuses(), QStringLiteral("DDD"));
+    }
+
+    void deactivationListIsReadAgainWhenTheWindowBecomesActiveAndCloseBoxExits() {
+        Desk d;
+        QVERIFY(d.openDeactivation());
+        QMdiArea* area = d.window->mdiArea();
+        QMdiSubWindow* frame = area->activeSubWindow();
+        QCOMPARE(frame, d.form->parentWidget());
+        d.list()->setCurrentIndex(0);
+
+        QVERIFY(VendorRepository::addVendor(d.ctx().systemDb(), QStringLiteral("Newco"), QStringLiteral("NEW")));
+        QMdiSubWindow* other = area->addSubWindow(new QLabel(QStringLiteral("another window")));
+        other->show();
+        area->setActiveSubWindow(other);
+        QCOMPARE(d.list()->count(), 2);
+        area->setActiveSubWindow(frame);
+        QCOMPARE(d.entries(), (QStringList{Acme, "NEW - Newco", Xyz}));
+        QCOMPARE(d.list()->currentIndex(), -1);
+        delete other;
+
+        frame->close();
+        d.expectClosed();
+        QCOMPARE(d.statuses(), QStringLiteral("AADA"));
+        QVERIFY(d.prompter().messages.isEmpty());
+    }
 };
 
-QTEST_MAIN(TestVendorChooser)
-#include "tst_vendorchooser.moc"
+QTEST_MAIN(TestVendorLists)
+#include "tst_vendorlists.moc"
