@@ -2,7 +2,6 @@
 
 #include "app/MenuMasks.h"
 #include "app/VendorSession.h"
-#include "common/Money.h"
 #include "common/Sql.h"
 #include "shell/MainWindow.h"
 #include "store/Store.h"
@@ -38,11 +37,12 @@ public:
             state += entry->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
         return state;
     }
-    void addItem(const QString& code, const QString& descr, const QString& price = QStringLiteral("1.00")) {
+    // An item at 12.50 in packs of 6, ordered 2 at a time, its price good until mid-2030.
+    void addItem(const QString& code, const QString& descr) {
         if (!Sql::run(db(),
                       QStringLiteral("INSERT INTO items (code, descr, packqty, defqty, price, priceexp) "
-                                     "VALUES (?, ?, 1, 1, ?, '2099-12-31')"),
-                      {code, descr, Money::parse(price, QLocale::c())->tenThousandths()}))
+                                     "VALUES (?, ?, 6, 2, 125000, '2030-06-30')"),
+                      {code, descr}))
             qFatal("cannot add an item");
     }
     int count(const QString& table) {

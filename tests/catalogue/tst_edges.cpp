@@ -28,7 +28,8 @@ private slots:
     void initTestCase() { test::initTestEnvironment(); }
 
     // One line of a UTF-8 (or UTF-16) price list: stored exactly as written, or the import
-    // stops on it with its message and nothing of it is stored.
+    // stops on it and nothing of it is stored. Numbers one past their lengths are tst_import's
+    // padded rows.
     void importLineAtTheEdges_data() {
         QTest::addColumn<QString>("line");
         QTest::addColumn<bool>("utf16");
@@ -38,9 +39,6 @@ private slots:
         QTest::newRow("code of 25") << code25 + QStringLiteral(",Bolt") + rest << false << true;
         QTest::newRow("code of 26") << code25 + QStringLiteral("Z,Bolt") + rest << false << false;
         QTest::newRow("accented code") << QStringLiteral("CAF\u00c91,Bolt") + rest << false << false;
-        QTest::newRow("55 accents") << QStringLiteral("A1,") + test::edgeText(QStringLiteral("\u00e9"), {}, 55, 0) +
-                                           rest
-                                    << false << true;
         QTest::newRow("55 CJK, UTF-16 file")
             << QStringLiteral("A1,") + test::edgeText(QStringLiteral("\u6f22"), {}, 55, 0) + rest << true << true;
         QTest::newRow("emoji ends at 55")
@@ -48,12 +46,8 @@ private slots:
         QTest::newRow("emoji one unit over")
             << QStringLiteral("A1,") + test::edgeText(QStringLiteral("\u00df"), Emoji, 55, 1) + rest << false << false;
         QTest::newRow("quotes, backslash, tab") << QStringLiteral("A1,\"Bolt\" 3\\4\tM8") + rest << false << true;
-        QTest::newRow("56 ASCII") << QStringLiteral("A1,") + QString(56, QLatin1Char('d')) + rest << false << false;
         QTest::newRow("largest quantities") << QStringLiteral("A1,Bolt,99999,99999,2.50,31/12/2030") << false << true;
-        QTest::newRow("pack of six digits") << QStringLiteral("A1,Bolt,100000,1,2.50,31/12/2030") << false << false;
-        QTest::newRow("price 9999.99") << QStringLiteral("A1,Bolt,1,1,9999.99,31/12/2030") << false << true;
         QTest::newRow("price of eight") << QStringLiteral("A1,Bolt,1,1,99999.99,31/12/2030") << false << true;
-        QTest::newRow("price of nine") << QStringLiteral("A1,Bolt,1,1,999999.99,31/12/2030") << false << false;
     }
     void importLineAtTheEdges() {
         QFETCH(QString, line);
@@ -69,7 +63,6 @@ private slots:
         const QStringList fields = line.split(QLatin1Char(','));
         if (!stored) {
             QCOMPARE(outcome.stop, ImportOutcome::Stop::IncorrectLine);
-            QCOMPARE(outcome.message, ItemImporter::incorrectLineMessage(path, line));
             QCOMPARE(v.count(QStringLiteral("items")), 0);
             return;
         }
@@ -80,7 +73,7 @@ private slots:
         QCOMPARE(q->value(1).toString(), fields[1]);
         QCOMPARE(q->value(2).toInt(), fields[2].toInt());
         QCOMPARE(q->value(3).toInt(), fields[3].toInt());
-        QCOMPARE(q->value(4).toLongLong(), unitsOf(fields[4]));
+        QCOMPARE(q->value(4).toLongLong(), test::VendorFixture::units(fields[4]));
     }
 
     // Typed into the item window and saved: the boxes keep whole characters up to their
@@ -89,11 +82,8 @@ private slots:
         QTest::addColumn<QString>("fill");
         QTest::addColumn<QString>("last");
         QTest::addColumn<int>("spare");
-        QTest::newRow("accents") << QStringLiteral("\u00e9") << QStringLiteral("\u00fc") << 1;
-        QTest::newRow("CJK") << QStringLiteral("\u6f22") << QStringLiteral("\u5b57") << 1;
         QTest::newRow("emoji as the last character") << QStringLiteral("\u00df") << Emoji << 2;
         QTest::newRow("emoji one unit over") << QStringLiteral("\u00df") << Emoji << 1;
-        QTest::newRow("ASCII one over") << QStringLiteral("d") << QStringLiteral("e") << 0;
     }
     void itemWindowTexts() {
         QFETCH(QString, fill);
@@ -136,9 +126,6 @@ private slots:
         QCOMPARE(q->value(3).toInt(), 9999);
         QCOMPARE(q->value(4).toLongLong(), qint64(99999900));
     }
-
-private:
-    static qint64 unitsOf(const QString& amount) { return test::VendorFixture::units(amount); }
 };
 
 QTEST_MAIN(TestCatalogueEdges)

@@ -80,15 +80,13 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<int>("selected");
 
-        // Case and ties are the long list's; these are what the window does with the rule's answer.
+        // Case, ties and apostrophes are the long list's; these are what the window does with the rule's answer.
         const QStringList apples{"Apple", "Apple pie", "Banana"};
         QTest::newRow("second entry beats the first") << apples << "apple" << 1;
         QTest::newRow("first entry when alone") << QStringList{"Apple", "Banana", "Cherry"} << "app" << 0;
         QTest::newRow("a later entry") << apples << "b" << 2;
         QTest::newRow("no match selects nothing") << apples << "x" << -1;
         QTest::newRow("no match keeps the selection") << apples << "bx" << 2;
-        QTest::newRow("one entry only") << QStringList{"Apple"} << "a" << 0;
-        QTest::newRow("apostrophe and space") << QStringList{"Bob's nuts", "Bob's wire", "Bobbin"} << "bob's w" << 1;
     }
     void typingSelectsByPrefix() {
         QFETCH(QStringList, list);

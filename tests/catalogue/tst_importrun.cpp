@@ -81,11 +81,6 @@ private slots:
         QCOMPARE(run.code, 2);
         QVERIFY2(run.err.contains(QLatin1String("in use")), qPrintable(run.err));
         lock.unlock();
-
-        run = runProgram({QStringLiteral("--help")});
-        QCOMPARE(run.code, 0);
-        QVERIFY(run.out.contains(QLatin1String("--import-items <FILE>")));
-        QVERIFY(run.out.contains(QLatin1String("--vendor <CODE>")));
     }
 
     // From the menu: the progress window shows the counts and the texts, stays until Exit, and

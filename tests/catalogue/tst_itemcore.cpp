@@ -51,16 +51,13 @@ private slots:
         };
         row("no code, no price", boxes("", "", "", "", "x", ""), ItemChecks::Code, "No Item code", "");
         row("space in code", boxes("AB 12", ""), ItemChecks::Code, "Illegal character used", "AB 12");
-        row("accent in code", boxes("é1"), ItemChecks::Code, "Illegal character used", "é1");
         row("no description", boxes("A1", "", "x"), ItemChecks::Description, "No item description", "");
         row("pack 1.5", boxes("A1", "Apple", "1.5", "x"), ItemChecks::PackQty, "Incorrect pack quantity", "1.5");
-        row("pack letter", boxes("A1", "Apple", "6a"), ItemChecks::PackQty, "Incorrect pack quantity", "6a");
         row("default empty", boxes("A1", "Apple", "6", ""), ItemChecks::DefaultQty, "Incorrect default order quantity",
             "");
         row("default -1", boxes("A1", "Apple", "6", "-1"), ItemChecks::DefaultQty, "Incorrect default order quantity",
             "-1");
         row("price letter", boxes("A1", "Apple", "6", "1", "12.5O", ""), ItemChecks::Price, "No price defined", "");
-        row("price empty", boxes("A1", "Apple", "6", "1", ""), ItemChecks::Price, "No price defined", "");
         row("expiry not a date", boxes("A1", "Apple", "6", "1", "1", "31/02/2026"), ItemChecks::PriceExpiry,
             "Invalid date", "31/02/2026");
         row("expiry yesterday", boxes("A1", "Apple", "6", "1", "1", "14/03/2026"), ItemChecks::PriceExpiry,
@@ -102,14 +99,10 @@ private slots:
         QVERIFY(!ItemChecks::ValidateItem(typed, Today));
         QCOMPARE(typed.first(), expected.code);
         QVERIFY(ItemChecks::itemFrom(typed) == expected);
-        // What the boxes show for the stored item fits them and reads back as the same item.
-        const QStringList shown = ItemChecks::boxesFor(expected);
-        for (int i = 0; i < ItemChecks::BoxCount; ++i)
-            QVERIFY2(shown.at(i).size() <= ItemChecks::InputLimits[i], qPrintable(shown.at(i)));
-        QVERIFY(ItemChecks::itemFrom(shown) == expected);
     }
 
-    // Whatever the regional formats, what the boxes show fits them and reads back the same.
+    // Whatever the regional formats, what the boxes show for a stored item fits them and reads
+    // back as the same item.
     void boxesFitInEveryLocale_data() {
         QTest::addColumn<QLocale>("locale");
         QTest::newRow("en_GB") << QLocale(QLocale::English, QLocale::UnitedKingdom);
@@ -119,7 +112,7 @@ private slots:
     }
     void boxesFitInEveryLocale() {
         QFETCH(QLocale, locale);
-        const Item stored{"Z9", "Zest", 9999, 12, Money::fromPence(999999), QDate(2027, 12, 23), {}};
+        const Item stored{"Z9", "Zest", 9999, 12, Money::fromPence(999999), QDate(2027, 12, 23), "00000012345670"};
         const QStringList shown = ItemChecks::boxesFor(stored, locale);
         for (int i = 0; i < ItemChecks::BoxCount; ++i)
             QVERIFY2(shown.at(i).size() <= ItemChecks::InputLimits[i], qPrintable(shown.at(i)));
