@@ -188,13 +188,12 @@ private slots:
         QCOMPARE(items.find(QStringLiteral("P1"))->value().gtin, QString());
     }
 
-    // Paging by key over a catalogue, positions from the index, the masks by position.
+    // Paging by key over a catalogue, positions from the index (the masks by position are the
+    // item window's test).
     void browsesByKey() {
         test::TestContext tc;
         ItemBrowser browser(openVendor(tc));
         QVERIFY(browser.open());
-        QCOMPARE(browser.positionText(), QStringLiteral("There are no items"));
-        QCOMPARE(browser.navigationMask(), QStringLiteral("1000000001"));
         QVERIFY(!browser.current());
 
         // Inserted out of order, with a quote in a description.
@@ -202,9 +201,7 @@ private slots:
             QVERIFY(browser.add(item(QString::fromLatin1(code), QStringLiteral("O'Hara's %1").arg(code))));
         QCOMPARE(browser.count(), 5);
         // After adding, the list stands at its first row.
-        QCOMPARE(browser.current()->code, QStringLiteral("A1"));
-        QCOMPARE(browser.positionText(), QStringLiteral("Record 1 of 5"));
-        QCOMPARE(browser.navigationMask(), QStringLiteral("1000011111"));
+        QCOMPARE(browser.current()->code + QString::number(browser.position()), QStringLiteral("A11"));
 
         QStringList walk;
         for (int i = 0; i < 4; ++i) {
@@ -212,10 +209,8 @@ private slots:
             walk << browser.current()->code + QLatin1Char('@') + QString::number(browser.position());
         }
         QCOMPARE(walk, (QStringList{"B2@2", "C3@3", "D4@4", "E5@5"}));
-        QCOMPARE(browser.navigationMask(), QStringLiteral("1001110011"));
         QVERIFY(browser.previous());
-        QCOMPARE(browser.positionText(), QStringLiteral("Record 4 of 5"));
-        QCOMPARE(browser.navigationMask(), QStringLiteral("1001111111"));
+        QCOMPARE(browser.current()->code + QString::number(browser.position()), QStringLiteral("D44"));
         QVERIFY(browser.first());
         QCOMPARE(browser.current()->code, QStringLiteral("A1"));
         QVERIFY(browser.last());

@@ -109,7 +109,6 @@ private slots:
             "(10) ABC17261231 ends in what reads as (17) 261231");
         row("lost separator, serial after", "]d2010950110153000310L11726123121XY", "reads as (17) 261231 (21) XY");
         // Digits in a batch that do not make a whole field of their own are no alarm.
-        row("batch with digits", "]C10109501101530003101712345", "");
         row("batch ending in a year", "]C1010950110153000310LOT2023", "");
         row("impossible date in a batch", "]C1010950110153000310A17261340", "");
     }
