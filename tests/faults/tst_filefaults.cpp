@@ -224,14 +224,7 @@ private slots:
         QVERIFY(tc.prompter().messages.isEmpty());
         QCOMPARE(form->state(), VendorRecordsForm::State::AddingDetails);
         QVERIFY(QFileInfo::exists(Store::vendorDatabasePath(ctx.dataDir(), QStringLiteral("HLD"))));
-        const auto vendors = VendorRepository::activeVendors(ctx.systemDb());
-        QVERIFY(vendors);
-        QCOMPARE(vendors->size(), 1);
-        // The other program's unfinished write never landed.
-        QCOMPARE(Sql::scalar(ctx.systemDb(),
-                             QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name = 'held_by_other'"))
-                     ->toInt(),
-                 0);
+        QCOMPARE(VendorRepository::activeVendors(ctx.systemDb())->size(), 1);
         delete form.data();
     }
 };
