@@ -3,6 +3,7 @@
 #include "catalogue/ItemImport.h"
 #include "catalogue/ItemImporter.h"
 #include "catalogue/PriceListReader.h"
+#include "support/EdgeText.h"
 #include "support/ScriptedPrompter.h"
 
 #include <QDir>
@@ -54,7 +55,7 @@ private slots:
     void lineRules_data() {
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("refused"); // the field named, or empty for a good line
-        // Lengths at their limits are tst_edges' rows, through the whole import.
+        // Lengths at their limits are linesAtTheEdges' rows, through the whole import.
         const auto row = [](const char* tag, const QString& line, const char* refused) {
             QTest::newRow(tag) << line << QString::fromLatin1(refused);
         };
@@ -92,6 +93,39 @@ private slots:
             QVERIFY(!parsed.isOk());
             QVERIFY2(parsed.message().contains(refused), qPrintable(parsed.message()));
         }
+    }
+
+    // A line at the edges of its columns: stored exactly as written, or the import stops on it
+    // and stores nothing. Numbers one past their lengths are spreadsheetFiles' padded rows.
+    void linesAtTheEdges_data() {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<bool>("stored");
+        const QString rest = QStringLiteral(",1,1,2.50,31/12/2030");
+        const QString code25(25, QLatin1Char('Z'));
+        const QString emoji = QStringLiteral("\U0001F600");
+        QTest::newRow("code of 25") << code25 + QStringLiteral(",Bolt") + rest << true;
+        QTest::newRow("code of 26") << code25 + QStringLiteral("Z,Bolt") + rest << false;
+        QTest::newRow("accented code") << QStringLiteral("CAF\u00c91,Bolt") + rest << false;
+        QTest::newRow("emoji ends at 55")
+            << QStringLiteral("A1,") + test::edgeText(QStringLiteral("\u00df"), emoji, 55, 2) + rest << true;
+        QTest::newRow("emoji one unit over")
+            << QStringLiteral("A1,") + test::edgeText(QStringLiteral("\u00df"), emoji, 55, 1) + rest << false;
+        QTest::newRow("quotes, backslash, tab") << QStringLiteral("A1,\"Bolt\" 3\\4\tM8") + rest << true;
+        QTest::newRow("largest quantities") << QStringLiteral("A1,Bolt,99999,99999,2.50,31/12/2030") << true;
+        QTest::newRow("price of eight") << QStringLiteral("A1,Bolt,1,1,99999.99,31/12/2030") << true;
+    }
+    void linesAtTheEdges() {
+        QFETCH(QString, line);
+        QFETCH(bool, stored);
+        test::VendorFixture v;
+        const QString path = v.folders().desktopDir() + QStringLiteral("/list.csv");
+        QVERIFY(test::writeFile(path, (line + QStringLiteral("\r\n")).toUtf8()));
+        const ImportOutcome outcome = ItemImporter(v.db(), Today).importFile(path);
+        QCOMPARE(outcome.completed(), stored);
+        QCOMPARE(v.count(QStringLiteral("items")), stored ? 1 : 0);
+        const QStringList fields = line.split(QLatin1Char(','));
+        if (stored)
+            QCOMPARE(item(v, fields[0]), fields.mid(1, 4) + QStringList{"2030-12-31"});
     }
 
     // An incorrect line keeps exactly the lines before it, whatever batch they fell in, and

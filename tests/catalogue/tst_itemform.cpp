@@ -2,6 +2,7 @@
 #include "catalogue/ItemForm.h"
 #include "catalogue/ItemRepository.h"
 #include "common/FormHelpers.h"
+#include "support/EdgeText.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -62,10 +63,11 @@ public:
             m += box(i)->isReadOnly() ? QLatin1Char('0') : QLatin1Char('1');
         return m;
     }
+    // Typed as a keyboard types it, an emoji being one key.
     void type(int i, const QString& text) {
         box(i)->setFocus();
         box(i)->selectAll();
-        QTest::keyClicks(box(i), text);
+        test::typeText(box(i), text);
     }
     void typeEnter(int i, const QString& text) {
         type(i, text);
@@ -239,9 +241,6 @@ private slots:
         QCOMPARE(boxColour(d.box(0)), BoxColour::Locked);
         QCOMPARE(d.position(), QStringLiteral("Editing Record"));
         QCOMPARE(QApplication::focusWidget(), d.box(1));
-        // Enter in the locked code box checks nothing (the code exists, of course).
-        test::pressEnter(d.box(0));
-        QVERIFY(d.prompter().messages.isEmpty());
 
         d.type(1, QStringLiteral("Banana, ripe"));
         d.type(4, QStringLiteral("0.99"));
@@ -271,6 +270,29 @@ private slots:
         QCOMPARE(d.shown(), QStringLiteral("C3|Theirs|6|2|12.50|30/06/2030"));
         QCOMPARE(d.stored(QStringLiteral("C3")), QStringLiteral("C3|Theirs|6|2|125000|2030-06-30"));
         QCOMPARE(d.position(), QStringLiteral("Record 3 of 3"));
+    }
+
+    // Typed at their lengths and saved: the boxes keep whole characters, and what they show is
+    // what is stored (a whole emoji in the description's last two units, then one unit over).
+    void typedAtTheLimits_data() {
+        QTest::addColumn<int>("spare");
+        QTest::newRow("emoji as the last character") << 2;
+        QTest::newRow("emoji one unit over") << 1;
+    }
+    void typedAtTheLimits() {
+        QFETCH(int, spare);
+        Desk d;
+        d.press(ItemForm::AddItem);
+        const QString code(25, QLatin1Char('C'));
+        const QString typed = test::edgeText(QStringLiteral("\u00df"), QStringLiteral("\U0001F600"), 55, spare);
+        const QStringList values{code + QLatin1Char('X'), typed, "9999", "9999", "9,999.99", "31/12/2030"};
+        for (int i = 0; i < values.size(); ++i)
+            d.type(i, values[i]);
+        const QString kept = test::keptOf(typed, 55);
+        QCOMPARE(d.box(1)->text(), kept);
+        d.press(ItemForm::Save);
+        QVERIFY2(d.prompter().messages.isEmpty(), qPrintable(d.prompter().lastText()));
+        QCOMPARE(d.stored(code), QStringList({code, kept, "9999", "9999", "99999900", "2030-12-31"}).join('|'));
     }
 
     void closeBoxIsCancelWhileAddingAndExitOtherwise() {
