@@ -91,12 +91,6 @@ private slots:
 
         auto vendor = ServerStore::openVendor(Conn, server(), QStringLiteral("ABC"));
         QVERIFY2(vendor, qPrintable(vendor.message()));
-        for (const char* start : {"99", "98"})
-            QVERIFY(Sql::run(*vendor,
-                             QStringLiteral("INSERT INTO barcodes (codestart, skipfirst, skiplast, status) "
-                                            "VALUES (?, 0, 0, 'A')"),
-                             {QString::fromLatin1(start)}));
-        QCOMPARE(Sql::scalar(*vendor, QStringLiteral("SELECT max(codenum) FROM barcodes"))->toInt(), 2);
         Sql::Refusal why = Sql::Refusal::None;
         QVERIFY(!Sql::run(*vendor,
                           QStringLiteral("INSERT INTO orderhead (orderid, orderdate, status, totalval) VALUES "
