@@ -305,8 +305,7 @@ private slots:
                                     : ItemImport::Run{};
         };
         ItemImport::Run run = execute(bad);
-        QCOMPARE(prompter.messages.size(), 1);
-        QCOMPARE(prompter.messages[0].text, incorrect(bad, QStringLiteral("B2,Pear,x,1,1.00,31/12/2030")));
+        QCOMPARE(prompter.texts(), QStringList{incorrect(bad, QStringLiteral("B2,Pear,x,1,1.00,31/12/2030"))});
         QCOMPARE(prompter.messages[0].title, QStringLiteral("Incorrect File format"));
         QCOMPARE(prompter.messages[0].icon, MessageIcon::Critical);
         QVERIFY(progress.infos.isEmpty());

@@ -29,8 +29,7 @@ private slots:
 
         test::ScriptedPrompter prompter;
         QCOMPARE(RefreshOrderValues(v.db(), prompter), 2);
-        QCOMPARE(prompter.messages.size(), 1);
-        QCOMPARE(prompter.messages[0].text, QStringLiteral("2 order values have been updated"));
+        QCOMPARE(prompter.texts(), QStringList{QStringLiteral("2 order values have been updated")});
         QCOMPARE(prompter.messages[0].title, QStringLiteral("Orders update"));
         QCOMPARE(prompter.messages[0].icon, MessageIcon::Information);
         for (const QString& s : statuses) {
