@@ -41,10 +41,6 @@ QMap<QString, QByteArray> folderContents(const QString& folder) {
     return files;
 }
 
-QString panel(MainWindow& window) {
-    return window.findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text();
-}
-
 // Opens the vendor chooser from the menu, picks `entry` and presses Select.
 void chooseVendor(MainWindow& window, AppContext& ctx, const QString& entry) {
     window.triggerMenu(QStringLiteral("mnuswven"));
@@ -128,7 +124,7 @@ private slots:
                  qPrintable(failed.text));
         QVERIFY2(failed.text.contains(QDir::toNativeSeparators(damaged)), qPrintable(failed.text));
         QVERIFY(!ctx.vendorSession().isOpen());
-        QCOMPARE(panel(*window), QStringLiteral("No Vendor Selected"));
+        QCOMPARE(window->findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text(), QStringLiteral("No Vendor Selected"));
         QCOMPARE(folderContents(ctx.dataDir()), filesBefore);
         QCOMPARE(test::databaseDump(Store::systemDatabasePath(ctx.dataDir())), systemBefore);
 
@@ -136,7 +132,7 @@ private slots:
         chooseVendor(*window, ctx, QStringLiteral("AAA - AAA Ltd"));
         QVERIFY(tc.prompter().messages.isEmpty());
         QCOMPARE(ctx.CurrentVendorCode, QStringLiteral("AAA"));
-        QCOMPARE(panel(*window), QStringLiteral("AAA Ltd"));
+        QCOMPARE(window->findChild<QLabel*>(QStringLiteral("sbPanel_1"))->text(), QStringLiteral("AAA Ltd"));
         QCOMPARE(Sql::scalar(ctx.vendorDb(), QStringLiteral("SELECT count(*) FROM items"))->toInt(), 500);
         QVERIFY(Sql::run(ctx.vendorDb(), QStringLiteral("UPDATE items SET price = 200 WHERE code = 'IT0001'")));
         ctx.vendorSession().close();
