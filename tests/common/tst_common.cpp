@@ -107,7 +107,6 @@ private slots:
         QTest::newRow("hyphen") << "A-C" << false << false << false;
         QTest::newRow("bracketed phone") << "(01234) 567890" << false << false << true;
         QTest::newRow("hyphenated phone") << "01234-567890" << false << false << false;
-        QTest::newRow("plus sign") << "+44 1234" << false << false << false;
     }
     void codeAndPhoneCharacterSets() {
         QFETCH(QString, text);
