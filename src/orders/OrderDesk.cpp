@@ -67,6 +67,8 @@ Result<bool> OrderDesk::countReceipt(const QSqlDatabase& db, const QString& orde
 }
 
 DeskStep OrderDesk::startNew(const QSqlDatabase& db, const QString& orderId, const QDate& date) {
+    shown = orderId;
+    total = Money();
     if (const Status stored = OrderRepository(db).insertNewOrder(orderId, date); !stored)
         return DeskStep::failure(QStringLiteral("The new order %1 could not be stored.").arg(orderId), stored);
     if (const auto opened = openLines(db, orderId); !opened)
@@ -230,9 +232,13 @@ Result<std::optional<LineChange>> OrderDesk::enterQuantity(qint64 qty, Money pri
                                                            const OrderHeaderFields& header) {
     if (!currentItem || !linesOpen)
         return std::optional<LineChange>();
-    auto change = lines->record(currentItem->code, descr, pack, qty, price, editingLine, header);
+    OrderHeaderFields stored = header;
+    stored.orderId = shown;
+    stored.total = total;
+    auto change = lines->record(currentItem->code, descr, pack, qty, price, editingLine, stored);
     if (!change)
         return change.status();
+    total = change->total;
     if (!change->appended)
         editingLine = false;
     return std::optional<LineChange>(change.value());

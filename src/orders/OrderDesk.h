@@ -102,7 +102,7 @@ public:
     static Status finish(const QSqlDatabase& db, const QString& orderId, Money shownTotal, const QDate& today);
 
     // A new order with the number given: stored live with the date and no lines, its lines
-    // open for entry; its header is typed next.
+    // open for entry; it is the order on screen, and its header is typed next.
     DeskStep startNew(const QSqlDatabase& db, const QString& orderId, const QDate& date);
     // The order came out on the vendor's order form: marked printed, shown for its next step.
     static DeskStep printed(const QSqlDatabase& db, const QString& orderId);
@@ -137,12 +137,20 @@ public:
     // Adds an unknown item to the catalogue and makes it the current item.
     Status keepUnknownItem(const CatalogueItem& item);
     // The current item's line takes this quantity (and the boxes' description, pack and price):
-    // a new line, or the line of the same code. Nothing without a current item or open lines.
+    // a new line, or the line of the same code, stored with the typed header and the order's
+    // new total. Nothing without a current item or open lines.
     Result<std::optional<LineChange>> enterQuantity(qint64 qty, Money price, int pack, const QString& descr,
                                                     const OrderHeaderFields& header);
 
     // What the form was opened to do.
     DeskMode mode = DeskMode::None;
+    // The order on screen: its number (empty with none) and its total as it now stands.
+    QString shown;
+    Money total;
+    void show(const OrderHeadRow& order) {
+        shown = order.orderId;
+        total = order.total;
+    }
     std::unique_ptr<OrderList> list;
     int orderedTotal = 0;
     int receivedTotal = 0;

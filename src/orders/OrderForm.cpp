@@ -187,13 +187,12 @@ void OrderForm::cmdbutton_Click(int index) {
 }
 
 void OrderForm::FinishShownOrder() {
-    if (m_ui.txtheader[Header::OrderNumber]->text().isEmpty())
+    if (m_desk.shown.isEmpty())
         return;
     const QString status = ReadOrderStatus();
     if (status == OrderStatus::Live) {
         CloseOrderLines();
-        const Status done = OrderDesk::finish(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text(), shownTotal(),
-                                              QDate::currentDate());
+        const Status done = OrderDesk::finish(vendorDb(), m_desk.shown, m_desk.total, QDate::currentDate());
         if (!done)
             reportFailure(QStringLiteral("The order's status could not be stored."), done.message());
     } else if (status == OrderStatus::Printed || status == OrderStatus::Exported ||
@@ -203,7 +202,7 @@ void OrderForm::FinishShownOrder() {
 }
 
 QString OrderForm::ReadOrderStatus() {
-    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    const QString number = m_desk.shown;
     if (number.isEmpty())
         return {};
     const auto status = OrderTransitions::orderStatus(vendorDb(), number);
@@ -227,7 +226,7 @@ bool OrderForm::ClaimOrder(const QString& number) {
 void OrderForm::EmailShownOrder() {
     Prompter& prompter = appContext().prompter();
     const QString title = QStringLiteral("E-mail Order");
-    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    const QString number = m_desk.shown;
     if (number.isEmpty()) {
         prompter.message(QStringLiteral("Bring up the order to e-mail first: load it, or choose it to print or "
                                         "export."),
@@ -270,7 +269,7 @@ void OrderForm::EmailShownOrder() {
 void OrderForm::ExportShownOrderAsPeppol() {
     Prompter& prompter = appContext().prompter();
     const QString title = QStringLiteral("Export as Peppol Order");
-    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    const QString number = m_desk.shown;
     if (number.isEmpty()) {
         prompter.message(QStringLiteral("Bring up the order to export first: load it, or choose it to print or "
                                         "export."),
@@ -304,9 +303,10 @@ void OrderForm::ExportShownOrderAsPeppol() {
 
 void OrderForm::ReleaseShownOrder() {
     OrderLeases* leases = appContext().vendorSession().leases();
-    const QString number = m_ui.txtheader[Header::OrderNumber]->text();
+    const QString number = m_desk.shown;
     if (leases && !number.isEmpty())
         leases->release(number);
+    m_desk.shown.clear();
 }
 
 void OrderForm::ResetToIdle() {
@@ -323,8 +323,7 @@ void OrderForm::ResetToIdle() {
 }
 
 void OrderForm::ExitOrderForm() {
-    if (!m_ui.txtheader[Header::OrderNumber]->text().isEmpty())
-        FinishShownOrder();
+    FinishShownOrder();
     ReleaseShownOrder();
     if (m_desk.itemsOpen())
         CloseItems();

@@ -82,7 +82,6 @@ public:
     void cmdstartorder_Click();
     void cmdedit_Click();
     OrderHeaderFields shownHeader() const;
-    Money shownTotal() const;
     void showTotal(Money total);
 
     // The lines.
@@ -141,6 +140,8 @@ private:
     void ShowOrderForAction();
     QLineEdit* headerBox(int index);
     void showCurrentOrder();
+    // Shows an order's header; the order is the one on screen from then on.
+    void showHeader(const OrderHeadRow& order, const std::array<QString, 8>& texts);
     void ApplyNavMask(const QString& mask);
     void UpdateNavigation();
     bool OpenOrderList(OrderListKey key);
@@ -167,7 +168,6 @@ private:
     void PrintOrder();
     void ExportOrder();
     // Receiving (OrderFormReceive.cpp).
-    QString orderNumber();
     void clearEntryBoxes();
     void LockReceiveBox(bool locked);
     void StartReceiving();

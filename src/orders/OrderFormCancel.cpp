@@ -25,7 +25,7 @@ void OrderForm::cmdcancelord_Click() {
         return;
     }
     CloseOrderLines();
-    const DeskStep step = OrderDesk::cancel(vendorDb(), ui.txtheader[Header::OrderNumber]->text());
+    const DeskStep step = OrderDesk::cancel(vendorDb(), m_desk.shown);
     if (!step.status) {
         reportFailure(step.failed, step.status.message());
         return;
@@ -40,7 +40,7 @@ void OrderForm::BeginLiveOrder() {
         LoadBarcodeRules();
     applyScreen(DeskScreen::Recovered);
     RecoverLiveOrder();
-    if (m_ui.txtheader[Header::OrderNumber]->text().isEmpty()) {
+    if (m_desk.shown.isEmpty()) {
         // Nothing was left live after all: offer the idle form rather than entry into nothing.
         ResetToIdle();
         return;
@@ -57,9 +57,7 @@ void OrderForm::RecoverLiveOrder() {
     }
     if (!live.value() || !ClaimOrder(live.value()->orderId))
         return;
-    const auto texts = OrderCancellation::RecoveredHeaderTexts(*live.value());
-    for (int i = 0; i < 8; ++i)
-        m_ui.txtheader[i]->setText(texts[i]);
+    showHeader(*live.value(), OrderCancellation::RecoveredHeaderTexts(*live.value()));
     ClearLineGrid();
     // Shows the lines and keeps them open for entry to go on.
     LoadOrderLines();

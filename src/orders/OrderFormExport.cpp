@@ -15,7 +15,7 @@ void OrderForm::ExportOrder() {
     OrderFormControls& ui = m_ui;
     AppContext& context = appContext();
     ui.lblinfo->setText(QStringLiteral("Exporting Order"));
-    const QString number = ui.txtheader[Header::OrderNumber]->text();
+    const QString number = m_desk.shown;
     ExportStep step;
     {
         WaitCursor wait;

@@ -45,9 +45,9 @@ QString OrderForm::NextOrderNumber() {
 
 void OrderForm::SaveOrderHeader(const QString& kind) {
     if (kind == QLatin1String("NEW")) {
-        const QString number = m_ui.txtheader[Header::OrderNumber]->text();
         const QDate date = Dates::parseShortDate(m_ui.txtheader[Header::OrderDate]->text());
-        const DeskStep step = m_desk.startNew(vendorDb(), number, date.isValid() ? date : QDate::currentDate());
+        const DeskStep step = m_desk.startNew(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text(),
+                                              date.isValid() ? date : QDate::currentDate());
         if (!step.status)
             reportFailure(step.failed, step.status.message());
     } else if (kind == QLatin1String("UPDATE")) {
@@ -59,17 +59,13 @@ void OrderForm::SaveOrderHeader(const QString& kind) {
 
 OrderHeaderFields OrderForm::shownHeader() const {
     OrderHeaderFields header;
-    header.orderId = m_ui.txtheader[Header::OrderNumber]->text();
+    header.orderId = m_desk.shown;
     header.name = m_ui.txtheader[Header::ContactName]->text();
     header.reference = m_ui.txtheader[Header::Reference]->text();
     header.note1 = m_ui.txtheader[Header::Notes1]->text();
     header.note2 = m_ui.txtheader[Header::Notes2]->text();
-    header.total = shownTotal();
+    header.total = m_desk.total;
     return header;
-}
-
-Money OrderForm::shownTotal() const {
-    return Money::parse(m_ui.txtheader[Header::Total]->text()).value_or(Money());
 }
 
 void OrderForm::showTotal(Money total) {

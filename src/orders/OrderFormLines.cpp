@@ -109,7 +109,7 @@ void OrderForm::ShowLineRow(int row, const QString& code, const QString& descrip
 }
 
 void OrderForm::OpenOrderLines() {
-    const auto lines = m_desk.openLines(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text());
+    const auto lines = m_desk.openLines(vendorDb(), m_desk.shown);
     if (!lines)
         reportFailure(QStringLiteral("The order's lines could not be read."), lines.message());
 }
@@ -127,7 +127,7 @@ void OrderForm::CloseItems() {
 }
 
 void OrderForm::LoadOrderLines() {
-    const auto lines = m_desk.openLines(vendorDb(), m_ui.txtheader[Header::OrderNumber]->text());
+    const auto lines = m_desk.openLines(vendorDb(), m_desk.shown);
     if (!lines) {
         reportFailure(QStringLiteral("The order's lines could not be read."), lines.message());
         return;

@@ -28,7 +28,11 @@ QLineEdit* OrderForm::headerBox(int index) {
 // Shows the list's current order in the header; the header only ever shows it, never writes.
 void OrderForm::showCurrentOrder() {
     const OrderHeadRow& order = m_desk.list->current();
-    const auto texts = OrderCancellation::HeaderTexts(order, order.status);
+    showHeader(order, OrderCancellation::HeaderTexts(order, order.status));
+}
+
+void OrderForm::showHeader(const OrderHeadRow& order, const std::array<QString, 8>& texts) {
+    m_desk.show(order);
     for (int i = 0; i < 8; ++i)
         headerBox(i)->setText(texts[i]);
 }
@@ -94,8 +98,7 @@ void OrderForm::carryOut() {
 void OrderForm::beginChoosing() {
     if (!m_desk.itemsOpen())
         OpenItems();
-    if (!headerBox(Header::OrderNumber)->text().isEmpty() &&
-        OrderNavigation::acceptedStatuses(wordOf(m_desk.mode)).contains(ReadOrderStatus())) {
+    if (!m_desk.shown.isEmpty() && OrderNavigation::acceptedStatuses(wordOf(m_desk.mode)).contains(ReadOrderStatus())) {
         const auto question = OrderNavigation::directQuestion(wordOf(m_desk.mode));
         if (question && appContext().prompter().ask(question->text, question->title, MessageIcon::None))
             carryOut();
@@ -110,10 +113,9 @@ void OrderForm::beginChoosing() {
 
 // A live or entered order chosen from the load list is taken up for entry again.
 void OrderForm::takeUp() {
-    const QString number = headerBox(Header::OrderNumber)->text();
     applyScreen(DeskScreen::TakenUp);
     // Order and lines turn live together, so a crash cannot leave them apart.
-    const Status done = OrderDesk::takeUp(vendorDb(), number, QDate::currentDate());
+    const Status done = OrderDesk::takeUp(vendorDb(), m_desk.shown, QDate::currentDate());
     if (!done)
         reportFailure(QStringLiteral("The order could not be taken up again."), done.message());
     headerBox(Header::Status)->setText(QStringLiteral("L - LIVE"));
@@ -138,8 +140,8 @@ void OrderForm::chooseShownOrder() {
     EnableMainButtons(true);
     ShowNavigationBar(false);
     // Another workstation working on the order keeps it: said, and the form goes back to idle.
-    if (!ClaimOrder(headerBox(Header::OrderNumber)->text())) {
-        headerBox(Header::OrderNumber)->clear();
+    if (!ClaimOrder(m_desk.shown)) {
+        m_desk.shown.clear();
         ResetToIdle();
         return;
     }

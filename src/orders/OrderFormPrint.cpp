@@ -29,7 +29,7 @@ Status OrderForm::showAndMark(const QString& number) {
 void OrderForm::PrintOrder() {
     OrderFormControls& ui = m_ui;
     ui.lblinfo->setText(QStringLiteral("Printing Order"));
-    const QString number = ui.txtheader[Header::OrderNumber]->text();
+    const QString number = m_desk.shown;
     Status printed;
     {
         WaitCursor wait;

@@ -14,10 +14,6 @@
 
 namespace ordwell {
 
-QString OrderForm::orderNumber() {
-    return m_ui.txtheader[Header::OrderNumber]->text();
-}
-
 void OrderForm::clearEntryBoxes() {
     for (QLineEdit* box : m_ui.txtitem)
         box->clear();
@@ -38,7 +34,7 @@ void OrderForm::StartReceiving() {
     m_ui.lblinfo->setText(QStringLiteral("Receiving order"));
     applyScreen(DeskScreen::Receiving);
     LockReceiveBox(true);
-    const DeskStep step = m_desk.startReceiving(vendorDb(), orderNumber());
+    const DeskStep step = m_desk.startReceiving(vendorDb(), m_desk.shown);
     if (!step.status) {
         reportFailure(step.failed, step.status.message());
         return;
@@ -75,7 +71,7 @@ bool OrderForm::txtrcvqty_KeyPress(QKeyEvent* key) {
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter && key->key() != Qt::Key_Tab)
         return false;
     OrderFormControls& ui = m_ui;
-    const ReceiptStep step = m_desk.receive(vendorDb(), orderNumber(), ui.txtitem[Entry::Code]->text(),
+    const ReceiptStep step = m_desk.receive(vendorDb(), m_desk.shown, ui.txtitem[Entry::Code]->text(),
                                             ui.txtrcvqty->text(), ui.txtitem[Entry::Qty]->text().toInt());
     if (step.line) {
         const Receiving::ReceivedLine& line = *step.line;
@@ -111,7 +107,7 @@ bool OrderForm::txtrcvqty_KeyPress(QKeyEvent* key) {
 void OrderForm::cmdrecv_Click() {
     if (!appContext().prompter().ask(Receiving::ReceiveAllText, Receiving::ReceiveAllTitle, MessageIcon::None))
         return;
-    const DeskStep step = OrderDesk::receiveAll(vendorDb(), orderNumber());
+    const DeskStep step = OrderDesk::receiveAll(vendorDb(), m_desk.shown);
     if (!step.status) {
         reportFailure(step.failed, step.status.message());
         return;
