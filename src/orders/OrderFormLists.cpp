@@ -10,7 +10,6 @@
 #include "orders/OrderTransitions.h"
 #include "orders/OrderWords.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -41,8 +40,6 @@ void OrderForm::ApplyNavMask(const QString& mask) {
     const QString trimmed = mask.trimmed();
     for (int i = 0; i < trimmed.size() && i < 5; ++i)
         m_ui.cmdnavbutton[i]->setEnabled(OrderNavigation::maskEnables(trimmed, i));
-    // Let the buttons repaint before the next look-up; the user's clicks wait.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void OrderForm::UpdateNavigation() {
