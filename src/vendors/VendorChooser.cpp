@@ -52,15 +52,12 @@ Result<int> countExpiredPrices(const QSqlDatabase& vendorDb, const QDate& today)
 
 Result<int> zeroExpiredPrices(const QSqlDatabase& vendorDb, const QDate& today) {
     Sql::Transaction transaction(vendorDb);
-    QSqlQuery query(vendorDb);
-    if (!query.prepare(QStringLiteral("UPDATE items SET price = 0, priceexp = ? WHERE priceexp < ?")))
-        return Status::fail(Sql::describe(query.lastError()));
-    query.addBindValue(Dates::toStored(ResetExpiryDate));
-    query.addBindValue(Dates::toStored(today));
-    if (!query.exec())
-        return Status::fail(Sql::describe(query.lastError()));
-    const int changed = query.numRowsAffected();
-    query.finish();
+    auto query = Sql::exec(vendorDb, QStringLiteral("UPDATE items SET price = 0, priceexp = ? WHERE priceexp < ?"),
+                           {Dates::toStored(ResetExpiryDate), Dates::toStored(today)});
+    if (!query)
+        return query.status();
+    const int changed = query->numRowsAffected();
+    query.value().finish();
     if (const Status committed = transaction.commit(); !committed)
         return committed;
     return changed;
