@@ -103,12 +103,6 @@ Status ItemBrowser::save(const Item& item, bool* changedElsewhere) {
     return Status::ok();
 }
 
-QString ItemBrowser::positionText(const QString& emptyText) const {
-    if (m_count == 0)
-        return emptyText;
-    return QStringLiteral("Record %1 of %2").arg(m_position).arg(m_count);
-}
-
 QString ItemBrowser::navigationMask(int position, int count) {
     if (count <= 0)
         return QStringLiteral("1000000001");

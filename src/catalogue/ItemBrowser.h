@@ -41,12 +41,8 @@ public:
     // Saves over the item as it was shown; see ItemRepository::update().
     Status save(const Item& item, bool* changedElsewhere = nullptr);
 
-    // "Record 3 of 10", or `emptyText` when there are no items.
-    QString positionText(const QString& emptyText = QStringLiteral("There are no items")) const;
-
     // The ten-button enable mask for a position and count.
     static QString navigationMask(int position, int count);
-    QString navigationMask() const { return navigationMask(m_position, m_count); }
 
     ItemRepository& repository() { return m_items; }
 
