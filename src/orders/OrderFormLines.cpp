@@ -85,6 +85,8 @@ void OrderForm::ClearLineGrid() {
             item->setData(Qt::BackgroundRole, QVariant());
         }
     }
+    // No highlight is left on a row that no longer shows a line.
+    grid->clearSelection();
     grid->scrollToTop();
     grid->setUpdatesEnabled(true);
 }
