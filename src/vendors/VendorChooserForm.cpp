@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPushButton>
@@ -55,6 +56,19 @@ void VendorChooserForm::buildControls() {
     layout->addLayout(buttonRow, 2, 0);
     setTabOrder(m_vendors, m_buttons[Select]);
     setTabOrder(m_buttons[Select], m_buttons[Exit]);
+    m_vendors->installEventFilter(this);
+}
+
+// Enter in the list chooses what it shows, so a vendor is opened with the arrow keys and Enter.
+bool VendorChooserForm::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_vendors && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && !key->isAutoRepeat()) {
+            m_buttons[Select]->click();
+            return true;
+        }
+    }
+    return ToolWindow::eventFilter(watched, event);
 }
 
 QString VendorChooserForm::closeMask() const {

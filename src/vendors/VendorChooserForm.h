@@ -31,6 +31,7 @@ protected:
     QString closeMask() const override;
     QAbstractButton* closeBoxButton() const override;
     void windowActivated() override { FillVendorList(); }
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildControls();
