@@ -12,5 +12,5 @@ M = [
  ("M09 export records end in LF only", "src/orders/ExportRecords.cpp", 'text += record + QLatin1String("\\r\\n");', 'text += record + QLatin1String("\\n");'),
  ("M10 barcode rule skips one too few", "src/orders/BarcodeResolver.cpp", "code.mid(qMax(0, rule.skipfirst))", "code.mid(qMax(0, rule.skipfirst - 1))"),
  ("M11 cancelling keeps the total", "src/orders/OrderTransitions.cpp", 'SET status = ?, totalval = 0 WHERE orderid = ?', 'SET status = ? WHERE orderid = ?'),
- ("M12 printing stamps no print date", "src/orders/OrderTransitions.cpp", 'sql = QStringLiteral("UPDATE orderhead SET status = ?, printdate = ? WHERE orderid = ?");\n        values << Dates::toStored(today);', 'sql = QStringLiteral("UPDATE orderhead SET status = ? WHERE orderid = ?");'),
+ ("M12 printing stamps no print date", "src/orders/OrderTransitions.cpp", 'values << Dates::toStored(today) << Dates::toStored(today);', 'values << QString() << Dates::toStored(today);'),
 ]

@@ -7,12 +7,7 @@
 namespace ordwell::OrderCancellation {
 
 Status CancelOrder(const QSqlDatabase& db, const QString& orderId) {
-    Sql::Transaction transaction(db);
-    if (Status s = OrderTransitions::setOrderStatus(db, orderId, QStringLiteral("C"), QDate::currentDate()); !s)
-        return s;
-    if (Status s = OrderTransitions::setLineStatus(db, orderId, QStringLiteral("C")); !s)
-        return s;
-    return transaction.commit();
+    return OrderTransitions::moveOrder(db, orderId, OrderStatus::Cancelled, QDate::currentDate());
 }
 
 Result<std::optional<OrderHeadRow>> FindLiveOrder(const QSqlDatabase& db) {
@@ -21,7 +16,7 @@ Result<std::optional<OrderHeadRow>> FindLiveOrder(const QSqlDatabase& db) {
         db,
         QStringLiteral("SELECT %1 FROM orderhead h WHERE h.status = ?").arg(OrderHeadRow::columns()) +
             OrderLeases::notLeasedElsewhere(db, QStringLiteral("h")) + QStringLiteral(" ORDER BY h.orderid LIMIT 1"),
-        QVariantList{QStringLiteral("L")} + OrderLeases::notLeasedElsewhereValues(db));
+        QVariantList{OrderStatus::Live} + OrderLeases::notLeasedElsewhereValues(db));
     if (!query)
         return query.status();
     if (!query.value().next())

@@ -124,7 +124,7 @@ Status send(const QSqlDatabase& vendorDb, const QString& orderId, const Mail& ma
                                      QDir::toNativeSeparators(mail.attachment)));
     }
     // Sent as an export sends it: the order and its live lines "X" in one step.
-    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
+    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, OrderStatus::Exported, QDate::currentDate());
     if (!marked)
         return Status::fail(
             QStringLiteral("The mail was opened, but the order could not be marked as sent: %1").arg(marked.message()));

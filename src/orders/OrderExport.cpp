@@ -149,7 +149,7 @@ ExportResult WriteAndMark(const QSqlDatabase& vendorDb, const QString& orderId, 
     ExportResult result = WriteNewFile(path, contents);
     if (result.outcome != Outcome::Exported)
         return result;
-    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, QStringLiteral("X"), QDate::currentDate());
+    const Status marked = OrderTransitions::moveOrder(vendorDb, orderId, OrderStatus::Exported, QDate::currentDate());
     if (!marked) {
         QFile::remove(result.path);
         result.outcome = Outcome::Failed;

@@ -1,5 +1,7 @@
 #include "OrderNavigation.h"
 
+#include "OrderWords.h"
+
 namespace ordwell::OrderNavigation {
 
 namespace {
@@ -46,25 +48,25 @@ std::optional<OrderListKey> keyForMode(const QString& modeWord) {
 QStringList statusesFor(OrderListKey key) {
     switch (key) {
     case OrderListKey::All:
-        return {QStringLiteral("E"), QStringLiteral("L"), QStringLiteral("P"), QStringLiteral("S"),
-                QStringLiteral("X")};
+        return {OrderStatus::Entered, OrderStatus::Live, OrderStatus::Printed, OrderStatus::PartReceived,
+                OrderStatus::Exported};
     case OrderListKey::EP:
-        return {QStringLiteral("E"), QStringLiteral("P")};
+        return {OrderStatus::Entered, OrderStatus::Printed};
     case OrderListKey::PX:
-        return {QStringLiteral("P"), QStringLiteral("X")};
+        return {OrderStatus::Printed, OrderStatus::Exported};
     case OrderListKey::XS:
-        return {QStringLiteral("S"), QStringLiteral("X")};
+        return {OrderStatus::PartReceived, OrderStatus::Exported};
     }
     return {};
 }
 
 QStringList acceptedStatuses(const QString& modeWord) {
     if (modeWord == PrintMode)
-        return {QStringLiteral("P"), QStringLiteral("L"), QStringLiteral("E")};
+        return {OrderStatus::Printed, OrderStatus::Live, OrderStatus::Entered};
     if (modeWord == ExportMode)
-        return {QStringLiteral("P"), QStringLiteral("X")};
+        return {OrderStatus::Printed, OrderStatus::Exported};
     if (modeWord == ReceiveMode)
-        return {QStringLiteral("X"), QStringLiteral("S")};
+        return {OrderStatus::Exported, OrderStatus::PartReceived};
     return {};
 }
 
@@ -119,13 +121,13 @@ bool maskEnables(const QString& mask, int index) {
 }
 
 QString takenUpStatusText(const QString& letter) {
-    if (letter == QLatin1String("L") || letter == QLatin1String("E"))
+    if (letter == OrderStatus::Live || letter == OrderStatus::Entered)
         return QStringLiteral("L - LIVE");
-    if (letter == QLatin1String("P"))
+    if (letter == OrderStatus::Printed)
         return QStringLiteral("P - PRINTED");
-    if (letter == QLatin1String("X"))
+    if (letter == OrderStatus::Exported)
         return QStringLiteral("X - EXPORTED");
-    if (letter == QLatin1String("S"))
+    if (letter == OrderStatus::PartReceived)
         return QStringLiteral("S - PART RECEIVED");
     return {};
 }

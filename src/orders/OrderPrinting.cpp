@@ -77,22 +77,8 @@ Result<QString> OrderFormFile(const QSqlDatabase& vendorDb, const QString& dataD
         vendorDb, path, QDir(dataDir).filePath(QStringLiteral("Server reports/") + row.value().value(1).toString()));
 }
 
-Status RecordReprint(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today) {
-    return Sql::run(vendorDb,
-                    QStringLiteral("UPDATE orderhead SET reprintdate = ?, reprintcount = COALESCE(reprintcount, 0) + 1 "
-                                   "WHERE orderid = ? AND printdate IS NOT NULL AND printdate <> ''"),
-                    {Dates::toStored(today), orderId});
-}
-
 Status MarkPrinted(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today) {
-    Sql::Transaction transaction(vendorDb);
-    if (Status s = RecordReprint(vendorDb, orderId, today); !s)
-        return s;
-    if (Status s = OrderTransitions::setOrderStatus(vendorDb, orderId, QStringLiteral("P"), today); !s)
-        return s;
-    if (Status s = OrderTransitions::setLineStatus(vendorDb, orderId, QStringLiteral("P")); !s)
-        return s;
-    return transaction.commit();
+    return OrderTransitions::moveOrder(vendorDb, orderId, OrderStatus::Printed, today);
 }
 
 } // namespace ordwell::OrderPrinting

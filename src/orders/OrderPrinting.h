@@ -31,12 +31,8 @@ Result<QMap<QString, QString>> PrintParameters(const QSqlDatabase& systemDb, con
 // The order-form report file the open vendor's details name, as it lies in `dataDir` now.
 Result<QString> OrderFormFile(const QSqlDatabase& vendorDb, const QString& dataDir);
 
-// When the order was printed before, stamps the reprint: reprint date today and one more on
-// the count. A first print changes nothing here.
-Status RecordReprint(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today);
-
-// The order is printed: the reprint stamp, status "P" with today's print date, and every
-// line that is not cancelled "P", in one step.
+// The order is printed: status "P" with today's print date (and the reprint stamp when it was
+// printed before), and every line that is not cancelled "P", in one step.
 Status MarkPrinted(const QSqlDatabase& vendorDb, const QString& orderId, const QDate& today = QDate::currentDate());
 
 } // namespace OrderPrinting

@@ -1,25 +1,39 @@
 #include "OrderTransitions.h"
 
-#include "OrderWords.h"
-
 #include "common/Dates.h"
 #include "common/Sql.h"
 
 namespace ordwell::OrderTransitions {
 
+namespace {
+Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter) {
+    const QString sql = letter == OrderStatus::Received
+                            ? QStringLiteral("UPDATE orderline SET status = ?, recvqty = qty "
+                                             "WHERE orderid = ? AND status <> 'C'")
+                            : QStringLiteral("UPDATE orderline SET status = ? WHERE orderid = ? AND status <> 'C'");
+    return Sql::run(db, sql, {letter, orderId});
+}
+} // namespace
+
 Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,
                       Money enteredTotal) {
     QString sql;
     QVariantList values{letter};
-    if (letter == QLatin1String("C")) {
+    if (letter == OrderStatus::Cancelled) {
         sql = QStringLiteral("UPDATE orderhead SET status = ?, totalval = 0 WHERE orderid = ?");
-    } else if (letter == QLatin1String("E")) {
+    } else if (letter == OrderStatus::Entered) {
         sql = QStringLiteral("UPDATE orderhead SET status = ?, totalval = ? WHERE orderid = ?");
         values << enteredTotal.roundedToPence().tenThousandths();
-    } else if (letter == QLatin1String("P")) {
-        sql = QStringLiteral("UPDATE orderhead SET status = ?, printdate = ? WHERE orderid = ?");
-        values << Dates::toStored(today);
-    } else if (letter == QLatin1String("R")) {
+    } else if (letter == OrderStatus::Printed) {
+        // Every expression reads the row as it was, so a print date already there makes this a
+        // reprint.
+        sql = QStringLiteral(
+            "UPDATE orderhead SET status = ?, printdate = ?, "
+            "reprintdate = CASE WHEN printdate IS NOT NULL AND printdate <> '' THEN ? ELSE reprintdate END, "
+            "reprintcount = CASE WHEN printdate IS NOT NULL AND printdate <> '' THEN COALESCE(reprintcount, 0) + 1 "
+            "ELSE reprintcount END WHERE orderid = ?");
+        values << Dates::toStored(today) << Dates::toStored(today);
+    } else if (letter == OrderStatus::Received) {
         sql = QStringLiteral("UPDATE orderhead SET status = ?, recvdate = ? WHERE orderid = ?");
         values << Dates::toStored(today);
     } else {
@@ -32,14 +46,6 @@ Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QStr
     if (query.value().numRowsAffected() != 1)
         return Status::fail(QStringLiteral("The order %1 could not be found.").arg(orderId));
     return Status::ok();
-}
-
-Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter) {
-    const QString sql = letter == QLatin1String("R")
-                            ? QStringLiteral("UPDATE orderline SET status = ?, recvqty = qty "
-                                             "WHERE orderid = ? AND status <> 'C'")
-                            : QStringLiteral("UPDATE orderline SET status = ? WHERE orderid = ? AND status <> 'C'");
-    return Sql::run(db, sql, {letter, orderId});
 }
 
 Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,

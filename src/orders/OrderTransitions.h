@@ -2,6 +2,7 @@
 
 #include "common/Money.h"
 #include "common/Status.h"
+#include "orders/OrderWords.h"
 
 #include <QDate>
 #include <QSqlDatabase>
@@ -9,22 +10,20 @@
 
 namespace ordwell {
 
-// The writes behind the order's life after entry: an order's status with what comes with
-// it, and the status of its lines. Callers wrap them in one transaction per user action.
+// The writes behind the order's life after entry: an order's status with what comes with it,
+// and the status of its lines. The only writers of either.
 namespace OrderTransitions {
 
-// Sets the order's status; "C" also zeroes the total, "E" stores `enteredTotal` (the total the
-// screen showed when entry ended), "P" stamps the print date and "R" the received date with
-// `today`. Fails when no such order exists. The only writer of an order's status.
+// Sets the order's status alone; "C" also zeroes the total, "E" stores `enteredTotal` (the
+// total the screen showed when entry ended), "P" stamps the print date with `today` (and,
+// when the order was printed before, the reprint date and one more on the count) and "R"
+// the received date. Fails when no such order exists.
 Status setOrderStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,
                       Money enteredTotal = {});
 
-// Sets the status of every line of the order that is not cancelled; "R" also counts each
-// such line as received in full. The only writer of the lines' status for the whole order.
-Status setLineStatus(const QSqlDatabase& db, const QString& orderId, const QString& letter);
-
-// The order and its lines moved to `letter` together, in one transaction (both as
-// setOrderStatus and setLineStatus write them), so a failure leaves neither moved.
+// The order (as setOrderStatus writes it) and every line of it that is not cancelled moved to
+// `letter` together, in one transaction, so a failure leaves neither moved; "R" also counts
+// each such line as received in full.
 Status moveOrder(const QSqlDatabase& db, const QString& orderId, const QString& letter, const QDate& today,
                  Money enteredTotal = {});
 

@@ -26,17 +26,13 @@ Result<ReceiptTotals> CountReceipt(const QSqlDatabase& db, const QString& orderI
 }
 
 Status StartReceiving(const QSqlDatabase& db, const QString& orderId) {
-    Sql::Transaction transaction(db);
     auto status = OrderTransitions::orderStatus(db, orderId);
     if (!status)
         return status.status();
-    if (status.value() == QLatin1String("X")) {
-        if (Status s = OrderTransitions::setLineStatus(db, orderId, QStringLiteral("S")); !s)
-            return s;
-    }
-    if (Status s = OrderTransitions::setOrderStatus(db, orderId, QStringLiteral("S"), QDate::currentDate()); !s)
-        return s;
-    return transaction.commit();
+    // Lines move with an exported order; taken up again part received, they stay as they are.
+    if (status.value() == OrderStatus::Exported)
+        return OrderTransitions::moveOrder(db, orderId, OrderStatus::PartReceived, QDate::currentDate());
+    return OrderTransitions::setOrderStatus(db, orderId, OrderStatus::PartReceived, QDate::currentDate());
 }
 
 Judgement JudgeReceivedQuantity(const QString& typed, int outstanding) {
@@ -110,12 +106,7 @@ Result<ReceivedLine> ReceiveLine(const QSqlDatabase& db, const QString& orderId,
 }
 
 Status CompleteReceipt(const QSqlDatabase& db, const QString& orderId, const QDate& today) {
-    Sql::Transaction transaction(db);
-    if (Status s = OrderTransitions::setOrderStatus(db, orderId, QStringLiteral("R"), today); !s)
-        return s;
-    if (Status s = OrderTransitions::setLineStatus(db, orderId, QStringLiteral("R")); !s)
-        return s;
-    return transaction.commit();
+    return OrderTransitions::moveOrder(db, orderId, OrderStatus::Received, today);
 }
 
 } // namespace ordwell::Receiving
