@@ -38,10 +38,32 @@ Status OrderDesk::openList(const QSqlDatabase& db, OrderListKey key) {
     return opened;
 }
 
-QString OrderDesk::chosenStatus() const {
+OrderState OrderDesk::chosenState() const {
     if (!list || list->isEmpty())
-        return {};
-    return list->current().status;
+        return OrderState::None;
+    return orderStateOf(list->current().status);
+}
+
+Result<OrderState> OrderDesk::shownState(const QSqlDatabase& db) const {
+    if (shown.isEmpty())
+        return OrderState::None;
+    const auto status = OrderTransitions::orderStatus(db, shown);
+    if (!status)
+        return status.status();
+    return orderStateOf(*status);
+}
+
+bool OrderDesk::accepts(OrderState state) const {
+    switch (mode) {
+    case DeskMode::Print:
+        return state == OrderState::Printed || state == OrderState::Live || state == OrderState::Entered;
+    case DeskMode::Export:
+        return state == OrderState::Printed || state == OrderState::Exported;
+    case DeskMode::Receive:
+        return state == OrderState::Exported || state == OrderState::PartReceived;
+    default:
+        return false;
+    }
 }
 
 Status OrderDesk::takeUp(const QSqlDatabase& db, const QString& orderId, const QDate& today) {
@@ -52,7 +74,7 @@ Status OrderDesk::finish(const QSqlDatabase& db, const QString& orderId, Money s
     const auto status = OrderTransitions::orderStatus(db, orderId);
     if (!status)
         return status.status();
-    if (*status != OrderStatus::Live)
+    if (orderStateOf(*status) != OrderState::Live)
         return Status::ok();
     return OrderTransitions::moveOrder(db, orderId, OrderStatus::Entered, today, shownTotal);
 }

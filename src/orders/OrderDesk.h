@@ -92,8 +92,12 @@ public:
     Status openList(const QSqlDatabase& db, OrderListKey key);
     void closeList() { list.reset(); }
     bool browsing() const { return list != nullptr; }
-    // The status letter of the order the list stands on, empty with no list or an empty one.
-    QString chosenStatus() const;
+    // The state of the order the list stands on; None with no list or an empty one.
+    OrderState chosenState() const;
+    // The state of the order on screen as stored now; None with no order shown.
+    Result<OrderState> shownState(const QSqlDatabase& db) const;
+    // Whether the mode's action (print, export, receive) takes an order in this state as it is.
+    bool accepts(OrderState state) const;
 
     // Takes a live or entered order up for entry again: it and its lines become live together.
     static Status takeUp(const QSqlDatabase& db, const QString& orderId, const QDate& today);

@@ -189,28 +189,24 @@ void OrderForm::cmdbutton_Click(int index) {
 void OrderForm::FinishShownOrder() {
     if (m_desk.shown.isEmpty())
         return;
-    const QString status = ReadOrderStatus();
-    if (status == OrderStatus::Live) {
+    const OrderState state = ReadOrderStatus();
+    if (state == OrderState::Live) {
         CloseOrderLines();
         const Status done = OrderDesk::finish(vendorDb(), m_desk.shown, m_desk.total, QDate::currentDate());
         if (!done)
             reportFailure(QStringLiteral("The order's status could not be stored."), done.message());
-    } else if (status == OrderStatus::Printed || status == OrderStatus::Exported ||
-               status == OrderStatus::PartReceived) {
+    } else if (state == OrderState::Printed || state == OrderState::Exported || state == OrderState::PartReceived) {
         CloseOrderLines();
     }
 }
 
-QString OrderForm::ReadOrderStatus() {
-    const QString number = m_desk.shown;
-    if (number.isEmpty())
-        return {};
-    const auto status = OrderTransitions::orderStatus(vendorDb(), number);
-    if (!status) {
-        reportFailure(QStringLiteral("The order's status could not be read."), status.message());
-        return {};
+OrderState OrderForm::ReadOrderStatus() {
+    const auto state = m_desk.shownState(vendorDb());
+    if (!state) {
+        reportFailure(QStringLiteral("The order's status could not be read."), state.message());
+        return OrderState::None;
     }
-    return *status;
+    return *state;
 }
 
 bool OrderForm::ClaimOrder(const QString& number) {

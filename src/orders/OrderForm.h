@@ -41,7 +41,7 @@ public:
     void DispatchMode();
     void cmdbutton_Click(int index);
     void FinishShownOrder();
-    QString ReadOrderStatus();
+    OrderState ReadOrderStatus();
     void ResetToIdle();
     // On a server, the order is this workstation's while it is shown here: claimed when it
     // comes up (refused, with who has it, while another workstation works on it), let go when
@@ -151,7 +151,7 @@ private:
     void carryOut();
     void beginChoosing();
     void takeUp();
-    void showLoaded(const QString& status);
+    void showLoaded(OrderState state);
     void chooseShownOrder();
     void BeginLoadOrder();
     void BeginPrintOrder();

@@ -160,12 +160,12 @@ void OrderForm::AddOrUpdateLine() {
 }
 
 void OrderForm::LineRowChosen() {
-    const QString status = ReadOrderStatus();
-    if (status == OrderStatus::PartReceived) {
+    const OrderState state = ReadOrderStatus();
+    if (state == OrderState::PartReceived) {
         ReceiveRowChosen(m_ui.flxitems->currentRow());
         return;
     }
-    if (status != OrderStatus::Entered && status != OrderStatus::Printed && status != OrderStatus::Live)
+    if (state != OrderState::Entered && state != OrderState::Printed && state != OrderState::Live)
         return;
     const int row = m_ui.flxitems->currentRow();
     auto text = [this, row](int column) {

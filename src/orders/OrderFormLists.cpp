@@ -95,7 +95,7 @@ void OrderForm::carryOut() {
 void OrderForm::beginChoosing() {
     if (!m_desk.itemsOpen())
         OpenItems();
-    if (!m_desk.shown.isEmpty() && OrderNavigation::acceptedStatuses(wordOf(m_desk.mode)).contains(ReadOrderStatus())) {
+    if (!m_desk.shown.isEmpty() && m_desk.accepts(ReadOrderStatus())) {
         const auto question = OrderNavigation::directQuestion(wordOf(m_desk.mode));
         if (question && appContext().prompter().ask(question->text, question->title, MessageIcon::None))
             carryOut();
@@ -121,9 +121,9 @@ void OrderForm::takeUp() {
 }
 
 // A printed or exported order chosen from the load list waits for the next step.
-void OrderForm::showLoaded(const QString& status) {
-    const bool printed = status == OrderStatus::Printed;
-    headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
+void OrderForm::showLoaded(OrderState state) {
+    const bool printed = state == OrderState::Printed;
+    headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(state));
     m_ui.lblinfo->setText(printed ? QStringLiteral("Print or export this order")
                                   : QStringLiteral("Export or receive this order"));
     ShowOrderForAction();
@@ -132,7 +132,7 @@ void OrderForm::showLoaded(const QString& status) {
 
 void OrderForm::chooseShownOrder() {
     // What the order is, from the list itself: the header only shows it.
-    const QString status = m_desk.chosenStatus();
+    const OrderState state = m_desk.chosenState();
     CloseOrderList();
     EnableMainButtons(true);
     ShowNavigationBar(false);
@@ -143,16 +143,16 @@ void OrderForm::chooseShownOrder() {
         return;
     }
     if (m_desk.mode == DeskMode::Load || m_desk.mode == DeskMode::Live) {
-        if (status == OrderStatus::Live || status == OrderStatus::Entered) {
+        if (state == OrderState::Live || state == OrderState::Entered) {
             takeUp();
-        } else if (status == OrderStatus::Printed || status == OrderStatus::Exported) {
-            showLoaded(status);
-        } else if (status == OrderStatus::PartReceived) {
+        } else if (state == OrderState::Printed || state == OrderState::Exported) {
+            showLoaded(state);
+        } else if (state == OrderState::PartReceived) {
             // From here the form receives, as in the receive mode: the grid shows what is still
             // to come, so a line received in full cannot be chosen and too many is refused.
             m_desk.mode = DeskMode::Receive;
             m_ui.lblinfo->setText(QStringLiteral("Receiving this order"));
-            headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(status));
+            headerBox(Header::Status)->setText(OrderNavigation::takenUpStatusText(state));
             StartReceiving();
         }
         return;

@@ -60,16 +60,6 @@ QStringList statusesFor(OrderListKey key) {
     return {};
 }
 
-QStringList acceptedStatuses(const QString& modeWord) {
-    if (modeWord == PrintMode)
-        return {OrderStatus::Printed, OrderStatus::Live, OrderStatus::Entered};
-    if (modeWord == ExportMode)
-        return {OrderStatus::Printed, OrderStatus::Exported};
-    if (modeWord == ReceiveMode)
-        return {OrderStatus::Exported, OrderStatus::PartReceived};
-    return {};
-}
-
 std::optional<DirectQuestion> directQuestion(const QString& modeWord) {
     if (modeWord == PrintMode)
         return DirectQuestion{QStringLiteral("Are you sure you want to print this order?"),
@@ -120,16 +110,20 @@ bool maskEnables(const QString& mask, int index) {
     return index >= 0 && index < trimmed.size() && trimmed.at(index) == QLatin1Char('1');
 }
 
-QString takenUpStatusText(const QString& letter) {
-    if (letter == OrderStatus::Live || letter == OrderStatus::Entered)
+QString takenUpStatusText(OrderState state) {
+    switch (state) {
+    case OrderState::Live:
+    case OrderState::Entered:
         return QStringLiteral("L - LIVE");
-    if (letter == OrderStatus::Printed)
+    case OrderState::Printed:
         return QStringLiteral("P - PRINTED");
-    if (letter == OrderStatus::Exported)
+    case OrderState::Exported:
         return QStringLiteral("X - EXPORTED");
-    if (letter == OrderStatus::PartReceived)
+    case OrderState::PartReceived:
         return QStringLiteral("S - PART RECEIVED");
-    return {};
+    default:
+        return {};
+    }
 }
 
 } // namespace ordwell::OrderNavigation

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "orders/OrderWords.h"
+
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -22,10 +24,6 @@ std::optional<OrderListKey> keyForMode(const QString& modeWord);
 
 // The status letters a list holds, in the order the list shows them (alphabetical).
 QStringList statusesFor(OrderListKey key);
-
-// The statuses for which a mode offers the order already on screen with its question instead
-// of a list. Empty for modes that always list (or have no list).
-QStringList acceptedStatuses(const QString& modeWord);
 
 // The question asked for the shown order in a mode: text and title. Nothing for modes that
 // ask none.
@@ -53,9 +51,9 @@ QString positionText(int position, int count);
 // Whether a mask character enables its button: only "1" does.
 bool maskEnables(const QString& mask, int index);
 
-// The status box text for an order taken up from the load list; empty for letters that are
+// The status box text for an order taken up from the load list; empty for states that are
 // shown bare or not at all.
-QString takenUpStatusText(const QString& letter);
+QString takenUpStatusText(OrderState state);
 
 } // namespace OrderNavigation
 } // namespace ordwell

@@ -15,6 +15,21 @@ inline const QString Received = QStringLiteral("R");
 inline const QString Cancelled = QStringLiteral("C");
 } // namespace OrderStatus
 
+// An order's state as the program reasons about it; None: no order, or a letter it never writes.
+enum class OrderState { None, Live, Entered, Printed, Exported, PartReceived, Received, Cancelled };
+
+inline OrderState orderStateOf(const QString& letter) {
+    using namespace OrderStatus;
+    for (const auto& [text, state] :
+         {std::pair{&Live, OrderState::Live}, std::pair{&Entered, OrderState::Entered},
+          std::pair{&Printed, OrderState::Printed}, std::pair{&Exported, OrderState::Exported},
+          std::pair{&PartReceived, OrderState::PartReceived}, std::pair{&Received, OrderState::Received},
+          std::pair{&Cancelled, OrderState::Cancelled}})
+        if (letter == *text)
+            return state;
+    return OrderState::None;
+}
+
 // The words the order form is opened with.
 namespace OrderMode {
 inline const QString New = QStringLiteral("NEWORDER");

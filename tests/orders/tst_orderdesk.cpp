@@ -59,12 +59,21 @@ private slots:
         test::OrderDataFixture f;
         exportedOrder(f);
         OrderDesk desk;
-        QVERIFY(desk.chosenStatus().isEmpty());
+        QCOMPARE(desk.chosenState(), OrderState::None);
         QVERIFY(desk.openList(f.vendorDb(), OrderListKey::XS));
         QVERIFY(desk.browsing());
-        QCOMPARE(desk.chosenStatus(), QStringLiteral("X"));
+        QCOMPARE(desk.chosenState(), OrderState::Exported);
         desk.closeList();
-        QVERIFY(desk.chosenStatus().isEmpty());
+        QCOMPARE(desk.chosenState(), OrderState::None);
+        // Shown, the exported order is received or exported as it is; printing lists orders.
+        desk.shown = Id;
+        QCOMPARE(*desk.shownState(f.vendorDb()), OrderState::Exported);
+        const std::pair<DeskMode, bool> taken[] = {
+            {DeskMode::Receive, true}, {DeskMode::Export, true}, {DeskMode::Print, false}, {DeskMode::Load, false}};
+        for (const auto& [mode, accepted] : taken) {
+            desk.mode = mode;
+            QCOMPARE(desk.accepts(*desk.shownState(f.vendorDb())), accepted);
+        }
 
         QVERIFY(OrderDesk::finish(f.vendorDb(), Id, Money::fromPence(999), QDate(2026, 3, 1)));
         QCOMPARE(f.orderStatus(Id), QStringLiteral("X"));
