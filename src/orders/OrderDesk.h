@@ -146,8 +146,11 @@ public:
     Result<std::optional<LineChange>> enterQuantity(qint64 qty, Money price, int pack, const QString& descr,
                                                     const OrderHeaderFields& header);
 
-    // What the form was opened to do.
+    // What the form was opened to do, and the screen it shows now.
     DeskMode mode = DeskMode::None;
+    DeskScreen screen = DeskScreen::Idle;
+    // The header is open for typing: a new order's, or one opened again from line entry.
+    bool headerOpen() const { return screen == DeskScreen::NewHeader || screen == DeskScreen::EditingHeader; }
     // The order on screen: its number (empty with none) and its total as it now stands.
     QString shown;
     Money total;

@@ -17,7 +17,7 @@ void OrderForm::cmdcancelord_Click() {
     if (!appContext().prompter().ask(OrderCancellation::Question, OrderCancellation::Title, MessageIcon::None)) {
         // Back to where entry goes on.
         if (m_desk.mode == DeskMode::New || m_desk.mode == DeskMode::Load) {
-            if (ui.cmdstartorder->isEnabled())
+            if (m_desk.headerOpen())
                 focusOn(ui.txtheader[Header::ContactName]);
             else
                 focusOn(ui.txtitem[ui.txtitem[Entry::Code]->text().isEmpty() ? Entry::Code : Entry::Qty]);

@@ -91,7 +91,7 @@ bool OrderForm::txtheader_KeyPress(int index, QKeyEvent* key) {
         focusOn(m_ui.txtheader[index + 1]);
         break;
     case Header::Notes2:
-        if (m_ui.cmdstartorder->isEnabled())
+        if (m_desk.headerOpen())
             focusOn(m_ui.cmdstartorder);
         break;
     default:

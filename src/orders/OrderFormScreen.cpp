@@ -41,6 +41,7 @@ constexpr ScreenRow Screens[] = {
 } // namespace
 
 void OrderForm::applyScreen(DeskScreen screen) {
+    m_desk.screen = screen;
     for (const ScreenRow& row : Screens) {
         if (row.screen != screen)
             continue;
