@@ -86,12 +86,14 @@ private slots:
         QTest::newRow("ab12, expiry today") << boxes("ab12", "Apple's", "6", "1", "12.50", "15/03/2026")
                                             << Item{"AB12", "Apple's", 6, 1, Money::fromPence(1250), Today, {}, {}};
         QTest::newRow("grouped price") << boxes("Z9", "Zest", "0", "9999", "1,234.5", "01/01/2030")
-                                       << Item{"Z9", "Zest", 0, 9999, Money::fromPence(123450), QDate(2030, 1, 1), {}, {}};
+                                       << Item{"Z9", "Zest", 0, 9999, Money::fromPence(123450), QDate(2030, 1, 1),
+                                               {},   {}};
         QTest::newRow("EAN-8 kept as 14 digits")
             << boxes("E8", "Eight", "1", "1", "1", "01/01/2030", " 12345670 ")
             << Item{"E8", "Eight", 1, 1, Money::fromPence(100), QDate(2030, 1, 1), "00000012345670", {}};
         QTest::newRow("UPC-A") << boxes("U1", "Upc", "1", "1", "1", "01/01/2030", "036000291452")
-                               << Item{"U1", "Upc", 1, 1, Money::fromPence(100), QDate(2030, 1, 1), "00036000291452", {}};
+                               << Item{"U1", "Upc", 1, 1, Money::fromPence(100), QDate(2030, 1, 1), "00036000291452",
+                                       {}};
     }
     void savePassesAndUpperCases() {
         QFETCH(QStringList, typed);
