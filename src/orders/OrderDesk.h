@@ -83,9 +83,10 @@ struct ExportStep : DeskStep {
 };
 
 // What the order form works with between one user action and the next, apart from its
-// controls: the list of orders being browsed, and the count of the delivery being received;
-// and the steps an order goes through, each saying which screen follows.
-// No widgets: the form shows what this holds.
+// controls: the mode and the screen, the order on screen with its total and state, the list of
+// orders being browsed, the catalogue, the barcode rules and the lines being entered, and the
+// count of the delivery being received; and the steps an order goes through, each saying which
+// screen follows. No widgets: the form shows what this holds.
 class OrderDesk {
 public:
     // The list of the mode's orders, read afresh; on failure there is no list.
