@@ -1,6 +1,6 @@
-// The order desk's steps without the form, receiving above all: each step does its work in the
-// database and says which screen follows; a step that fails says what could not be done and
-// leaves the data alone.
+// The order desk's steps without the form, from reading a code to receiving the delivery: each
+// step does its work in the database and says which screen follows; a step that fails says what
+// could not be done and leaves the data alone.
 #include "OrderDataFixture.h"
 #include "orders/OrderDesk.h"
 #include "orders/Receiving.h"
